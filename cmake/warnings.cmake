@@ -1,0 +1,2 @@
+# Warnings shared by every target of the project.
+add_compile_options(-Wall -Wextra -Wno-unused-parameter)

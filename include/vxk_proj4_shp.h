@@ -1,0 +1,109 @@
+/*
+ * vxk_proj4_shp: reprojection of vector data through PROJ, and the nomenclature and drawing of the
+ * standard topographic map sheets (1:1,000,000 to 1:10,000).
+ *
+ * This is the only header a host includes. Every function has C linkage and an unmangled name.
+ *
+ * Conventions of the flat interface:
+ *   - Wide text is wchar_t (32-bit on Linux), zero-terminated.
+ *   - Narrow paths and PROJ strings are UTF-8.
+ *   - A handle made by a *_create function belongs to the caller until the matching *_destroy;
+ *     only *_destroy accepts a null handle.
+ *   - Lists of texts are delivered one row per feed into a string sink (Ivx_string_adp).
+ *   - A bool result is true on success. Nothing is thrown across this interface.
+ *   - The library starts no threads and holds no locks: serialise calls that reproject or generate.
+ */
+#ifndef VXK_PROJ4_SHP_H
+#define VXK_PROJ4_SHP_H
+
+#include <stdbool.h>
+#include <stddef.h>
+#include <stdint.h>
+#include <wchar.h>
+
+#if defined(__GNUC__)
+#define VX_API __attribute__((visibility("default")))
+#else
+#define VX_API
+#endif
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+/* ===================================================================================================
+ * String sink
+ * =================================================================================================== */
+
+/* @section string-sink */
+
+/* A sink through which lists and texts leave the library: each feed passes one text to the host's
+ * callback together with the host's user pointer. A list arrives as one feed per row, in order.
+ * If a unicode callback is given, it receives every feed as wide text; otherwise the ansi callback
+ * receives it converted to the system's narrow code page (Windows-1251). A null text is passed on as
+ * null. Either callback may be null. */
+typedef struct Ivx_string_adp Ivx_string_adp;
+typedef void (*vx_ansi_string_callback_t)(const char* text, void* user);
+typedef void (*vx_unicode_string_callback_t)(const wchar_t* text, void* user);
+
+VX_API Ivx_string_adp* vx_string_adp_create(vx_ansi_string_callback_t ansi_callback,
+                                            vx_unicode_string_callback_t unicode_callback,
+                                            void* user_pointer);
+VX_API void vx_string_adp_feed(Ivx_string_adp* adapter, const wchar_t* text);
+VX_API void vx_string_adp_destroy(Ivx_string_adp* adapter);
+
+
+
+/* ===================================================================================================
+ * Language and host environment
+ * =================================================================================================== */
+
+/* @section environment */
+
+
+
+/* ===================================================================================================
+ * Sheet designation record
+ * =================================================================================================== */
+
+/* @section stdlist */
+
+
+
+/* ===================================================================================================
+ * Shape file reprojection
+ * =================================================================================================== */
+
+/* @section reproj-shp */
+
+
+
+/* ===================================================================================================
+ * Projection files and the batch reprojector
+ * =================================================================================================== */
+
+/* @section proj-services */
+
+
+
+/* ===================================================================================================
+ * Text lists, TLD files and their reprojection
+ * =================================================================================================== */
+
+/* @section text-lists */
+
+
+
+/* ===================================================================================================
+ * Sheet generation
+ * =================================================================================================== */
+
+/* @section generation */
+
+
+
+#ifdef __cplusplus
+} /* extern "C" */
+#endif
+
+#endif /* VXK_PROJ4_SHP_H */

@@ -1,0 +1,21 @@
+#!/usr/bin/env bash
+# Installs everything the project needs to build, test and benchmark on Debian 12 (run as root).
+set -euo pipefail
+
+packages=(
+  build-essential cmake ninja-build pkg-config python3 binutils
+  libproj-dev proj-data proj-bin
+  libgtest-dev libgmock-dev libbenchmark-dev
+  gdal-bin python3-gdal
+  clang-14 libclang-rt-14-dev
+)
+
+missing=()
+for p in "${packages[@]}"; do
+  dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || missing+=("$p")
+done
+if [ ${#missing[@]} -gt 0 ]; then
+  export DEBIAN_FRONTEND=noninteractive
+  apt-get update -qq
+  apt-get install -y -qq --no-install-recommends "${missing[@]}"
+fi
