@@ -217,8 +217,83 @@ void stdlist_string::fill_str2(std::wstring& out) const {
     case VX_STDLIST_SC_MLN:
       helper_mln::fill_str(*this, out);
       break;
-    default:
+    case VX_STDLIST_SC_500:
+      helper_500::fill_str(*this, out);
       break;
+    case VX_STDLIST_SC_200:
+      helper_200::fill_str(*this, out);
+      break;
+    case VX_STDLIST_SC_100:
+      helper_100::fill_str(*this, out);
+      break;
+    case VX_STDLIST_SC_50:
+      helper_50::fill_str(*this, out);
+      break;
+    case VX_STDLIST_SC_25:
+      helper_25::fill_str(*this, out);
+      break;
+    case VX_STDLIST_SC_10:
+      helper_10::output_str(*this, out);
+      break;
+    default:
+      break;  // 1:300,000 and anything outside 1 to 8 print nothing
+  }
+}
+
+std::wstring stdlist_string::get_output_string() const {
+  std::wstring out;
+  fill_str(out);
+  return out;
+}
+
+// Each pass of the loop is one sheet of the row; the counter lives in a static as it always has.
+void stdlist_string::fill_str(std::wstring& out) const {
+  static int counter = 0;
+  for (;;) {
+    if (helper_mln::letter_by_idx(mln_letter_idx_) == L'Z') {
+      out = L"Z";
+      return;
+    }
+    if (counter > type_ - 1) {
+      counter = 0;
+      return;
+    }
+    if (counter > 0) out += L',';
+    if (scale_ != VX_STDLIST_SC_NONE) fill_str_sheet_start(counter, out);
+    switch (scale_) {
+      case VX_STDLIST_SC_200:
+        helper_200::fill_str(*this, out);
+        return;
+      case VX_STDLIST_SC_100:
+        helper_100::output_str(*this, out);
+        return;
+      case VX_STDLIST_SC_50:
+        helper_50::fill_str(*this, out);
+        return;
+      case VX_STDLIST_SC_25:
+        helper_25::fill_str(*this, out);
+        return;
+      case VX_STDLIST_SC_10:
+        helper_10::output_str(*this, out);
+        return;
+      default:
+        ++counter;
+    }
+  }
+}
+
+// What the older routine writes of one sheet before the finer scales take over.
+void stdlist_string::fill_str_sheet_start(int counter, std::wstring& out) const {
+  if (counter == 0) {
+    helper_mln::mln_part_str(*this, out);
+  } else if (scale_ == VX_STDLIST_SC_500) {
+    helper_500::output_str(*this, counter, out);
+  } else if (scale_ == VX_STDLIST_SC_MLN) {
+    helper_mln::fill_str(*this, out, counter);
+  }
+  if (scale_ == VX_STDLIST_SC_500 && counter == 0) {
+    out += L'-';
+    out += helper_500::letter_by_idx(letter_500_idx_);
   }
 }
 

@@ -71,6 +71,11 @@ class stdlist_string {
   std::wstring& get_output_string(std::wstring& out) const;
   // Appends the designation in use.
   void fill_str2(std::wstring& out) const;
+  // The older designation routine and the new string it gives. It keeps its counter in a static, so
+  // it is not re-entrant, and at 1:1,000,000 doubles and at 1:200,000, 1:50,000 and 1:25,000 it writes
+  // the million part twice: fill_str2 is the routine in use.
+  std::wstring get_output_string() const;
+  void fill_str(std::wstring& out) const;
   // Middle meridian of the sheet's column span, whole degrees.
   std::int32_t get_mid_meridian() const;
 
@@ -81,6 +86,8 @@ class stdlist_string {
   std::uint64_t raw_25_letter_idx() const { return letter_25_idx_; }
 
  private:
+  void fill_str_sheet_start(int counter, std::wstring& out) const;
+
   Tvx_stdlist_scale scale_ = VX_STDLIST_SC_MLN;
   Tvx_stdlist_type type_ = VX_STDLIST_TP_SGL;
   Tvx_stdlist_hemisphere hemisphere_ = VX_STDLIST_NORTH;

@@ -574,4 +574,208 @@ TEST(StdlistValidity, ParentsAreTested) {
   }
 }
 
+// ---- designations at every scale: the cells of the table of texts ------------------------------------
+
+struct text_cell {
+  Tvx_stdlist_scale scale;
+  Tvx_stdlist_type type;
+  uint64_t number;      // million column
+  wchar_t letter500;    // 1:500,000 letter, or 0
+  uint64_t roman;       // 1:200,000 index, or 0
+  uint64_t number100;   // or 0
+  wchar_t letter50;     // or 0
+  wchar_t letter25;     // or 0
+  wchar_t number10;     // or 0
+  const wchar_t* text;  // expected designation
+};
+
+// Builds the sheet of a cell through the flat setters, as a host would.
+sheet_ptr cell_sheet(const text_cell& c) {
+  sheet_ptr s = make_sheet(c.scale, c.type, L'N', c.number);
+  if (c.letter500) {
+    EXPECT_TRUE(vx_stdlist_set_500_letter(s.get(), c.letter500));
+  }
+  if (c.roman) {
+    EXPECT_TRUE(vx_stdlist_set_200_roman_idx(s.get(), c.roman));
+  }
+  if (c.number100) {
+    EXPECT_TRUE(vx_stdlist_set_100_number(s.get(), c.number100));
+  }
+  if (c.letter50) {
+    EXPECT_NE(vx_stdlist_set_50_letter(s.get(), c.letter50), 0u);
+  }
+  if (c.letter25) {
+    EXPECT_NE(vx_stdlist_set_25_letter(s.get(), c.letter25), 0u);
+  }
+  if (c.number10) {
+    EXPECT_NE(vx_stdlist_set_10_number_str(s.get(), c.number10), 0u);
+  }
+  return s;
+}
+
+class StdlistTextAtEachScale : public ::testing::TestWithParam<text_cell> {};
+
+TEST_P(StdlistTextAtEachScale, PrintsTheCell) {
+  const text_cell& c = GetParam();
+  sheet_ptr s = cell_sheet(c);
+  ASSERT_EQ(vx_stdlist_get_type(s.get()), c.type);
+  EXPECT_TRUE(vx_stdlist_valid(s.get()));
+  EXPECT_EQ(designation(s.get()), c.text);
+}
+
+constexpr Tvx_stdlist_scale S500 = VX_STDLIST_SC_500, S200 = VX_STDLIST_SC_200, S100 = VX_STDLIST_SC_100,
+                            S50 = VX_STDLIST_SC_50, S25 = VX_STDLIST_SC_25, S10 = VX_STDLIST_SC_10;
+
+INSTANTIATE_TEST_SUITE_P(Scale500, StdlistTextAtEachScale,
+                         ::testing::Values(text_cell{S500, 1, 37, L'А', 0, 0, 0, 0, 0, L"N-37-А"},
+                                           text_cell{S500, 2, 37, L'А', 0, 0, 0, 0, 0, L"N-37-А,Б"},
+                                           text_cell{S500, 4, 37, L'А', 0, 0, 0, 0, 0, L"N-37-А,Б,38-А,Б"},
+                                           text_cell{S500, 1, 37, L'Б', 0, 0, 0, 0, 0, L"N-37-Б"},
+                                           text_cell{S500, 2, 37, L'Б', 0, 0, 0, 0, 0, L"N-37-Б,38-А"},
+                                           text_cell{S500, 4, 37, L'Б', 0, 0, 0, 0, 0, L"N-37-Б,38-А,Б,39-А"},
+                                           text_cell{S500, 1, 37, L'Г', 0, 0, 0, 0, 0, L"N-37-Г"},
+                                           text_cell{S500, 2, 37, L'Г', 0, 0, 0, 0, 0, L"N-37-Г,38-В"},
+                                           text_cell{S500, 4, 37, L'Г', 0, 0, 0, 0, 0, L"N-37-Г,38-В,Г,39-В"},
+                                           text_cell{S500, 1, 60, L'Б', 0, 0, 0, 0, 0, L"N-60-Б"},
+                                           text_cell{S500, 2, 60, L'Б', 0, 0, 0, 0, 0, L"N-60-Б,1-А"},
+                                           text_cell{S500, 4, 60, L'Б', 0, 0, 0, 0, 0, L"N-60-Б,1-А,Б,2-А"}));
+
+INSTANTIATE_TEST_SUITE_P(Scale200, StdlistTextAtEachScale,
+                         ::testing::Values(text_cell{S200, 1, 37, 0, 5, 0, 0, 0, 0, L"N-37-V"},
+                                           text_cell{S200, 2, 37, 0, 5, 0, 0, 0, 0, L"N-37-V,VI"},
+                                           text_cell{S200, 3, 37, 0, 5, 0, 0, 0, 0, L"N-37-V,VI,38-I"},
+                                           text_cell{S200, 1, 37, 0, 6, 0, 0, 0, 0, L"N-37-VI"},
+                                           text_cell{S200, 2, 37, 0, 6, 0, 0, 0, 0, L"N-37-VI,38-I"},
+                                           text_cell{S200, 3, 37, 0, 6, 0, 0, 0, 0, L"N-37-VI,38-I,II"},
+                                           text_cell{S200, 1, 37, 0, 36, 0, 0, 0, 0, L"N-37-XXXVI"},
+                                           text_cell{S200, 2, 37, 0, 36, 0, 0, 0, 0, L"N-37-XXXVI,38-XXXI"},
+                                           text_cell{S200, 3, 37, 0, 36, 0, 0, 0, 0,
+                                                     L"N-37-XXXVI,38-XXXI,XXXII"}));
+
+INSTANTIATE_TEST_SUITE_P(Scale100, StdlistTextAtEachScale,
+                         ::testing::Values(text_cell{S100, 1, 37, 0, 0, 11, 0, 0, 0, L"N-37-11"},
+                                           text_cell{S100, 2, 37, 0, 0, 11, 0, 0, 0, L"N-37-11,12"},
+                                           text_cell{S100, 4, 37, 0, 0, 11, 0, 0, 0, L"N-37-11,12,38-1,2"},
+                                           text_cell{S100, 1, 37, 0, 0, 12, 0, 0, 0, L"N-37-12"},
+                                           text_cell{S100, 2, 37, 0, 0, 12, 0, 0, 0, L"N-37-12,38-1"},
+                                           text_cell{S100, 4, 37, 0, 0, 12, 0, 0, 0, L"N-37-12,38-1,2,3"},
+                                           text_cell{S100, 1, 37, 0, 0, 144, 0, 0, 0, L"N-37-144"},
+                                           text_cell{S100, 2, 37, 0, 0, 144, 0, 0, 0, L"N-37-144,38-133"},
+                                           text_cell{S100, 4, 37, 0, 0, 144, 0, 0, 0,
+                                                     L"N-37-144,38-133,134,135"}));
+
+INSTANTIATE_TEST_SUITE_P(
+    Scale50, StdlistTextAtEachScale,
+    ::testing::Values(text_cell{S50, 1, 37, 0, 0, 11, L'А', 0, 0, L"N-37-11-А"},
+                      text_cell{S50, 2, 37, 0, 0, 11, L'А', 0, 0, L"N-37-11-А,Б"},
+                      text_cell{S50, 4, 37, 0, 0, 11, L'А', 0, 0, L"N-37-11-А,Б,12-А,Б"},
+                      text_cell{S50, 1, 37, 0, 0, 11, L'Б', 0, 0, L"N-37-11-Б"},
+                      text_cell{S50, 2, 37, 0, 0, 11, L'Б', 0, 0, L"N-37-11-Б,12-А"},
+                      text_cell{S50, 4, 37, 0, 0, 11, L'Б', 0, 0, L"N-37-11-Б,12-А,Б,38-1-А"},
+                      text_cell{S50, 1, 37, 0, 0, 12, L'Б', 0, 0, L"N-37-12-Б"},
+                      text_cell{S50, 2, 37, 0, 0, 12, L'Б', 0, 0, L"N-37-12-Б,38-1-А"},
+                      text_cell{S50, 4, 37, 0, 0, 12, L'Б', 0, 0, L"N-37-12-Б,38-1-А,Б,2-А"},
+                      text_cell{S50, 1, 37, 0, 0, 12, L'Г', 0, 0, L"N-37-12-Г"},
+                      text_cell{S50, 2, 37, 0, 0, 12, L'Г', 0, 0, L"N-37-12-Г,38-1-В"},
+                      text_cell{S50, 4, 37, 0, 0, 12, L'Г', 0, 0, L"N-37-12-Г,38-1-В,Г,2-В"}));
+
+INSTANTIATE_TEST_SUITE_P(
+    Scale25, StdlistTextAtEachScale,
+    ::testing::Values(text_cell{S25, 1, 37, 0, 0, 5, L'А', L'а', 0, L"N-37-5-А-а"},
+                      text_cell{S25, 2, 37, 0, 0, 5, L'А', L'а', 0, L"N-37-5-А-а,б"},
+                      text_cell{S25, 4, 37, 0, 0, 5, L'А', L'а', 0, L"N-37-5-А-а,б,Б-а,б"},
+                      text_cell{S25, 1, 37, 0, 0, 5, L'А', L'б', 0, L"N-37-5-А-б"},
+                      text_cell{S25, 2, 37, 0, 0, 5, L'А', L'б', 0, L"N-37-5-А-б,Б-а"},
+                      text_cell{S25, 4, 37, 0, 0, 5, L'А', L'б', 0, L"N-37-5-А-б,Б-а,б,6-А-а"},
+                      text_cell{S25, 1, 37, 0, 0, 5, L'Б', L'б', 0, L"N-37-5-Б-б"},
+                      text_cell{S25, 2, 37, 0, 0, 5, L'Б', L'б', 0, L"N-37-5-Б-б,6-А-а"},
+                      text_cell{S25, 4, 37, 0, 0, 5, L'Б', L'б', 0, L"N-37-5-Б-б,6-А-а,б,Б-а"},
+                      text_cell{S25, 1, 37, 0, 0, 12, L'Б', L'б', 0, L"N-37-12-Б-б"},
+                      text_cell{S25, 2, 37, 0, 0, 12, L'Б', L'б', 0, L"N-37-12-Б-б,38-1-А-а"},
+                      text_cell{S25, 4, 37, 0, 0, 12, L'Б', L'б', 0, L"N-37-12-Б-б,38-1-А-а,б,Б-а"},
+                      text_cell{S25, 1, 37, 0, 0, 12, L'Г', L'г', 0, L"N-37-12-Г-г"},
+                      text_cell{S25, 2, 37, 0, 0, 12, L'Г', L'г', 0, L"N-37-12-Г-г,38-1-В-в"},
+                      text_cell{S25, 4, 37, 0, 0, 12, L'Г', L'г', 0, L"N-37-12-Г-г,38-1-В-в,г,Г-в"}));
+
+INSTANTIATE_TEST_SUITE_P(Scale10, StdlistTextAtEachScale,
+                         ::testing::Values(text_cell{S10, 1, 37, 0, 0, 12, L'Б', L'в', L'4', L"-12-Б-в-4"},
+                                           text_cell{S10, 2, 37, 0, 0, 12, L'Б', L'в', L'4', L"-12-Б-в-4"},
+                                           text_cell{S10, 4, 37, 0, 0, 12, L'Б', L'в', L'4', L"-12-Б-в-4"}));
+
+TEST(StdlistTextAtEachScale, TripleAt10000IsRefusedAndPrintsTheSameText) {
+  sheet_ptr s = cell_sheet(text_cell{S10, 2, 37, 0, 0, 12, L'Б', L'в', L'4', L""});
+  EXPECT_TRUE(vx_stdlist_init(s.get(), S10, VX_STDLIST_TP_TPL, VX_STDLIST_NORTH));
+  EXPECT_EQ(vx_stdlist_get_type(s.get()), VX_STDLIST_TP_DBL);
+  EXPECT_EQ(designation(s.get()), L"-12-Б-в-4");
+}
+
+TEST(StdlistTextAtEachScale, NotStoredCellsCannotBeReached) {
+  // Triples at 1:500,000 to 1:25,000 and quadruples at 1:200,000 are refused by init.
+  for (Tvx_stdlist_scale sc : {S500, S100, S50, S25}) {
+    sheet_ptr s = make_sheet(sc, VX_STDLIST_TP_TPL, L'N', 37);
+    EXPECT_EQ(vx_stdlist_get_type(s.get()), VX_STDLIST_TP_SGL) << sc;
+  }
+  sheet_ptr s = make_sheet(S200, VX_STDLIST_TP_QRP, L'N', 37);
+  EXPECT_EQ(vx_stdlist_get_type(s.get()), VX_STDLIST_TP_SGL);
+}
+
+TEST(StdlistTextAtEachScale, HemisphereDoesNotChangeTheText) {
+  for (Tvx_stdlist_scale sc : {S500, S200, S100, S50, S25, S10}) {
+    sheet_ptr s = cell_sheet(text_cell{sc, 1, 37, 0, 0, 0, 0, 0, 0, L""});
+    const std::wstring north = designation(s.get());
+    vx_stdlist_init(s.get(), sc, 1, VX_STDLIST_SOUTH);
+    EXPECT_EQ(designation(s.get()), north) << sc;
+  }
+}
+
+TEST(StdlistTextAtEachScale, InvalidNumberAt500PrintsQuestionMark) {
+  sheet_ptr s = cell_sheet(text_cell{S500, 1, 37, L'А', 0, 0, 0, 0, 0, L""});
+  vx_stdlist_set_mln_number(s.get(), 0);
+  EXPECT_EQ(designation(s.get()), L"N-?-А");
+}
+
+TEST(StdlistTextAtEachScale, InvalidRomanAt200PrintsQuestionMark) {
+  sheet_ptr s = cell_sheet(text_cell{S200, 1, 37, 0, 6, 0, 0, 0, 0, L""});
+  vx_stdlist_set_200_roman_idx(s.get(), 40);
+  EXPECT_EQ(designation(s.get()), L"N-37-?");
+}
+
+TEST(StdlistTextAtEachScale, Scale3GivesTheEmptyTextAndScale9Too) {
+  sheet_ptr s = make_sheet(VX_STDLIST_SC_300, 1, L'N', 37);
+  EXPECT_EQ(designation(s.get()), L"");
+  vx_stdlist_init(s.get(), VX_STDLIST_SC_END, 1, 1);
+  EXPECT_EQ(designation(s.get()), L"");
+}
+
+TEST(StdlistTextAtEachScale, TwoCallsGiveTheSameTextAtEveryScale) {
+  for (Tvx_stdlist_scale sc : {1, 2, 4, 5, 6, 7, 8}) {
+    sheet_ptr s = make_sheet(sc, 2, L'N', 60);
+    EXPECT_EQ(designation(s.get()), designation(s.get())) << sc;
+  }
+}
+
+// ---- middle meridian at every scale and type ---------------------------------------------------------
+
+TEST(StdlistMidMeridian, FinerScalesGiveTheMiddleOfTheColumnWhateverTheType) {
+  for (Tvx_stdlist_scale sc : {S500, S200, S100, S50, S25, S10}) {
+    for (Tvx_stdlist_type t : {1, 2, 3, 4}) {
+      sheet_ptr s = make_sheet();
+      vx_stdlist_init(s.get(), sc, t, VX_STDLIST_NORTH);
+      vx_stdlist_set_mln_number(s.get(), 37);
+      EXPECT_EQ(vx_stdlist_get_mid_meridian(s.get()), 39.0) << sc << " " << t;
+      vx_stdlist_set_mln_number(s.get(), 60);
+      EXPECT_EQ(vx_stdlist_get_mid_meridian(s.get()), 177.0) << sc << " " << t;
+      vx_stdlist_set_mln_number(s.get(), 1);
+      EXPECT_EQ(vx_stdlist_get_mid_meridian(s.get()), -177.0) << sc << " " << t;
+    }
+  }
+}
+
+TEST(StdlistMidMeridian, ScaleValuesWithoutTextUseTheColumnWidthToo) {
+  sheet_ptr s = make_sheet(VX_STDLIST_SC_300, 1, L'N', 37);
+  EXPECT_EQ(vx_stdlist_get_mid_meridian(s.get()), 39.0);
+  vx_stdlist_init(s.get(), VX_STDLIST_SC_END, 4, 1);
+  EXPECT_EQ(vx_stdlist_get_mid_meridian(s.get()), 39.0);
+}
+
 }  // namespace

@@ -179,3 +179,63 @@ TEST(StdlistString, TypeAllowedTable) {
 }
 
 }  // namespace
+
+namespace {
+
+using vx::stdlist::stdlist_string;
+
+// Sheet N-37 with the finer levels 12 (1:100,000), Б, в and 4, at `scale` and `type`.
+stdlist_string older(Tvx_stdlist_scale scale, Tvx_stdlist_type type, std::uint64_t letter500 = 1,
+                     std::uint64_t roman = 5) {
+  return stdlist_string(1, scale, type, 14, 37, letter500, roman, 12, 2, 3, 4);
+}
+
+TEST(StdlistStringOlderText, SingleSheetsAt1000000And500000AndTheFinestScale) {
+  EXPECT_EQ(older(1, 1).get_output_string(), L"N-37");
+  EXPECT_EQ(older(2, 1).get_output_string(), L"N-37-А");
+  EXPECT_EQ(older(8, 1).get_output_string(), L"N-37-12-Б-в-4");
+  EXPECT_EQ(older(5, 1).get_output_string(), L"N-37-12");
+}
+
+TEST(StdlistStringOlderText, JoinedSheetsAt500000) {
+  EXPECT_EQ(older(2, 2, 1).get_output_string(), L"N-37-А,Б");
+  EXPECT_EQ(older(2, 2, 2).get_output_string(), L"N-37-Б,38-А");
+}
+
+TEST(StdlistStringOlderText, DoubleAt1000000RepeatsTheMillionPart) {
+  EXPECT_EQ(older(1, 2).get_output_string(), L"N-37,N-37,38");
+}
+
+TEST(StdlistStringOlderText, FinerScalesWriteTheMillionPartTwice) {
+  EXPECT_EQ(older(4, 1).get_output_string(), L"N-37N-37-V");
+  EXPECT_EQ(older(6, 1).get_output_string(), L"N-37N-37-12-Б");
+  EXPECT_EQ(older(7, 1).get_output_string(), L"N-37N-37-12-Б-в");
+}
+
+TEST(StdlistStringOlderText, At100000TheLaterSheetsComeFromStr) {
+  EXPECT_EQ(older(5, 2).get_output_string(), L"N-37-12,N-38-1");
+  EXPECT_EQ(older(5, 4).get_output_string(), L"N-37-12,N-38-1,N-38-2,N-38-3");
+}
+
+TEST(StdlistStringOlderText, CounterReturnsToZeroBetweenCalls) {
+  const stdlist_string s = older(2, 4, 1);
+  const std::wstring first = s.get_output_string();
+  // The older routine counts on through the letters instead of wrapping into the next column.
+  EXPECT_EQ(first, L"N-37-А,Б,В,Г");
+  EXPECT_EQ(s.get_output_string(), first);
+}
+
+TEST(StdlistStringOlderText, AppendsToTheGivenText) {
+  std::wstring out = L"<";
+  older(1, 1).fill_str(out);
+  EXPECT_EQ(out, L"<N-37");
+}
+
+TEST(StdlistStringOlderText, ScaleZeroWritesOnlyCommas) {
+  stdlist_string s = older(1, 2);
+  bool found = true;
+  s.set_scale_str(L"", found);
+  EXPECT_EQ(s.get_output_string(), L",");
+}
+
+}  // namespace
