@@ -60,6 +60,12 @@ VX_API void vx_string_adp_destroy(Ivx_string_adp* adapter);
 
 /* @section environment */
 
+/* The language of the library's messages. 0 selects Russian; any other value English, which is the
+ * default. The message table asks once, when it gives its first text, so set the language before the
+ * first call that can report anything. */
+VX_API int vx_res_get_lng(void);
+VX_API void vx_res_set_lng(int language);
+
 
 
 /* ===================================================================================================
