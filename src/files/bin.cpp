@@ -5,6 +5,7 @@
 #include <limits>
 
 #include "files/file.h"
+#include "support/mem_main.h"
 
 namespace {
 
@@ -61,14 +62,13 @@ Tvx_bin::~Tvx_bin() {
 }
 
 void Tvx_bin::clear() {
-  std::free(f_buffer);
-  f_buffer = nullptr;
+  Tvx_mem_main::free_and_null(f_buffer);
   f_capacity = f_size = f_offset = 0;
 }
 
 // Reallocates to exactly n bytes. A failed allocation leaves an empty buffer behind.
 void Tvx_bin::reallocate(uint32_t n) {
-  void* p = std::realloc(f_buffer, n);
+  void* p = Tvx_mem_main::mem_realloc(f_buffer, n);
   if (!p) {
     clear();
     return;

@@ -3,6 +3,8 @@
 #include <cstring>
 
 #include "support/ansi_code_page.h"
+#include "support/env.h"
+#include "support/filesystem.h"
 
 namespace {
 
@@ -11,14 +13,6 @@ constexpr int ERR_BLOCK = 10;
 constexpr int ERR_OPEN = 1;
 constexpr int ERR_READ = 2;
 constexpr int ERR_WRITE = 3;
-
-// PENDING: the path gate of the support layer.
-std::string posix_path(const std::wstring& path) {
-  std::wstring p = path;
-  for (wchar_t& c : p)
-    if (c == L'\\') c = L'/';
-  return vx::strconv::wide_to_utf8(p);
-}
 
 }  // namespace
 
@@ -51,7 +45,7 @@ int Tvx_file::create(const std::wstring& path) {
 int Tvx_file::open_mode(const std::wstring& path, const char* mode) {
   close();
   f_name = path;
-  f_stream = std::fopen(posix_path(path).c_str(), mode);
+  f_stream = vx::filesystem::open_file(path, mode);
   if (f_stream) return 0;
   err_open();
   return 1;
@@ -105,7 +99,5 @@ void Tvx_file::err_write() {
 // The wide name goes into the narrow format as its raw bytes, so the message stops at the first zero
 // byte: a Latin name shows as its first letter. That is how the report has always looked.
 void Tvx_file::report(int index) {
-  (void)index;
-  (void)ERR_BLOCK;
-  // PENDING: message table and environment of the support layer.
+  Tvx_env_main::error_rc(ERR_BLOCK, index, reinterpret_cast<const char*>(f_name.c_str()));
 }

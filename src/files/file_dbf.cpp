@@ -8,8 +8,11 @@
 #include <limits>
 
 #include "files/file.h"
-#include "files/pending_support.h"
 #include "support/ansi_code_page.h"
+#include "support/filesystem.h"
+#include "support/mem_main.h"
+#include "support/narrow_path.h"
+#include "support/str_func.h"
 
 namespace {
 
@@ -196,35 +199,33 @@ void Tvx_file_dbf_exe::close() {
 // Engine: memory
 
 void Tvx_file_dbf_exe::set_np(uint32_t count) {
-  std::free(f_prp);
-  f_prp = count ? static_cast<uint8_t*>(std::calloc(count, DESCRIPTOR_SIZE)) : nullptr;
+  Tvx_mem_main::free_and_null(f_prp);
+  f_prp = count ? static_cast<uint8_t*>(Tvx_mem_main::mem_calloc(count, DESCRIPTOR_SIZE)) : nullptr;
   f_np = f_prp ? count : 0;
 }
 
 void Tvx_file_dbf_exe::alloc_rec() {
   free_rec();
   const size_t size = record_size() ? record_size() : 1;
-  f_rec = static_cast<uint8_t*>(std::calloc(size, 1));
-  f_blank = static_cast<uint8_t*>(std::calloc(size, 1));
+  f_rec = static_cast<uint8_t*>(Tvx_mem_main::mem_calloc(size, 1));
+  f_blank = static_cast<uint8_t*>(Tvx_mem_main::mem_calloc(size, 1));
 }
 
 void Tvx_file_dbf_exe::free_rec() {
-  std::free(f_rec);
-  std::free(f_blank);
-  f_rec = f_blank = nullptr;
+  Tvx_mem_main::free_and_null(f_rec);
+  Tvx_mem_main::free_and_null(f_blank);
 }
 
 void Tvx_file_dbf_exe::alloc_buff(uint32_t size) {
   if (size <= f_buff_size) return;
-  char* p = static_cast<char*>(std::realloc(f_buff, size));
+  char* p = static_cast<char*>(Tvx_mem_main::mem_realloc(f_buff, size));
   if (!p) return;
   f_buff = p;
   f_buff_size = size;
 }
 
 void Tvx_file_dbf_exe::free_buff() {
-  std::free(f_buff);
-  f_buff = nullptr;
+  Tvx_mem_main::free_and_null(f_buff);
   f_buff_size = 0;
 }
 
