@@ -1,10 +1,10 @@
 #include "proj4/proj4_str.h"
 
 #include <cmath>
-#include <utility>
-#include <vector>
 
-#include "proj4/proj4_text.h"
+#include "support/prp_val.h"
+#include "support/str_func.h"
+#include "support/text_case.h"
 
 namespace {
 
@@ -22,38 +22,25 @@ T* make_param(const char* name, const char* other_name = nullptr) {
   return p;
 }
 
-using piece_list = std::vector<std::pair<std::string, std::string>>;
-
 // The pieces of a PROJ string as name and value: the text is cut at every plus sign, and each piece at
 // its first equals sign, both halves trimmed.
-piece_list split_pieces(const std::string& text) {
-  piece_list pieces;
-  for (const std::string& piece : vx::proj4_text::divide(text, "+")) {
-    size_t eq = piece.find('=');
-    std::string name = piece.substr(0, eq);
-    std::string value = eq == std::string::npos ? std::string() : piece.substr(eq + 1);
-    pieces.emplace_back(vx::proj4_text::trim(name), vx::proj4_text::trim(value));
-  }
-  return pieces;
+void split_pieces(const std::string& text, Tvx_prp_val_vec* pairs) {
+  Tvx_str_vec pieces;
+  Tvx_str_func::divide(text.c_str(), "+", &pieces);
+  pairs->set_size(pieces.get_size());
+  for (unsigned i = 0; i < pieces.get_size(); ++i) pairs->get(i)->divide_str(pieces.get(i), '=');
 }
 
-// The value of the first piece named `name`, ignoring case; null when there is none.
-const std::string* find_piece(const piece_list& pieces, const std::string& name) {
-  for (const auto& piece : pieces)
-    if (vx::proj4_text::stricmp(piece.first.c_str(), name.c_str()) == 0) return &piece.second;
-  return nullptr;
-}
-
-// The value for a parameter under its own name, or else under its other names in order.
-const std::string* find_value(const piece_list& pieces, const Tvx_proj4_param* p) {
-  if (const std::string* v = find_piece(pieces, p->get_name())) return v;
+// The pair for a parameter under its own name, or else under its other names in order.
+const Tvx_prp_val* find_value(const Tvx_prp_val_vec& pairs, const Tvx_proj4_param* p) {
+  if (const Tvx_prp_val* v = pairs.find_by_name(p->get_name())) return v;
   for (unsigned i = 0; i < p->get_other_names_count(); ++i)
-    if (const std::string* v = find_piece(pieces, p->get_other_name(i))) return v;
+    if (const Tvx_prp_val* v = pairs.find_by_name(p->get_other_name(i).c_str())) return v;
   return nullptr;
 }
 
 bool str_is(const Tvx_proj4_param_str* p, const char* value) {
-  return p->get_def() && vx::proj4_text::stricmp(p->get_str(), value) == 0;
+  return p->get_def() && vx::text::ansi_compare_nocase(p->get_str(), value) == 0;
 }
 
 }  // namespace
@@ -109,10 +96,11 @@ Tvx_proj4_str::~Tvx_proj4_str() {
 }
 
 void Tvx_proj4_str::decompose() {
-  const piece_list pieces = split_pieces(f_text);
+  Tvx_prp_val_vec pairs;
+  split_pieces(f_text, &pairs);
   for (Tvx_proj4_param* p : f_params) {
-    if (const std::string* value = find_value(pieces, p))
-      p->val_from_str(value->c_str());
+    if (const Tvx_prp_val* pair = find_value(pairs, p))
+      p->val_from_str(pair->get_val());
     else
       p->set_def(false);
   }
