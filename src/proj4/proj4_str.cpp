@@ -15,8 +15,8 @@ constexpr const char* kLonWrap = "+lon_wrap=45 ";
 constexpr const char* kNoDefs = "+no_defs";
 
 template <class T>
-T* make_param(const char* name, const char* other_name = nullptr) {
-  T* p = new T;
+std::unique_ptr<T> make_param(const char* name, const char* other_name = nullptr) {
+  auto p = std::make_unique<T>();
   p->set_name(name);
   if (other_name) p->add_other_name(other_name);
   return p;
@@ -67,33 +67,10 @@ Tvx_proj4_str::Tvx_proj4_str()
       f_towgs84(make_param<Tvx_proj4_param_towgs84>("towgs84")),
       f_zone(make_param<Tvx_proj4_param_int>("zone")),
       f_nadgrids(make_param<Tvx_proj4_param_str>("nadgrids")),
-      f_params{f_proj,    f_zone,   f_lon_0, f_lonc,  f_lat_0, f_x_0,   f_y_0,
-               f_lat_1,   f_lat_ts, f_lat_2, f_south, f_k_0,   f_alpha, f_datum,
-               f_towgs84, f_a,      f_b,     f_rf,    f_ellps, f_units, f_nadgrids} {}
-
-Tvx_proj4_str::~Tvx_proj4_str() {
-  delete f_proj;
-  delete f_datum;
-  delete f_ellps;
-  delete f_units;
-  delete f_lon_0;
-  delete f_lonc;
-  delete f_lat_0;
-  delete f_x_0;
-  delete f_y_0;
-  delete f_lat_1;
-  delete f_lat_ts;
-  delete f_lat_2;
-  delete f_k_0;
-  delete f_alpha;
-  delete f_a;
-  delete f_b;
-  delete f_rf;
-  delete f_south;
-  delete f_towgs84;
-  delete f_zone;
-  delete f_nadgrids;
-}
+      f_params{f_proj.get(),  f_zone.get(),  f_lon_0.get(),   f_lonc.get(),  f_lat_0.get(), f_x_0.get(),
+               f_y_0.get(),   f_lat_1.get(), f_lat_ts.get(),  f_lat_2.get(), f_south.get(), f_k_0.get(),
+               f_alpha.get(), f_datum.get(), f_towgs84.get(), f_a.get(),     f_b.get(),     f_rf.get(),
+               f_ellps.get(), f_units.get(), f_nadgrids.get()} {}
 
 void Tvx_proj4_str::decompose() {
   Tvx_prp_val_vec pairs;
@@ -125,10 +102,10 @@ void Tvx_proj4_str::compose_text(bool for_proj4) {
 }
 
 bool Tvx_proj4_str::append_param(Tvx_proj4_param* p, bool sphere, bool for_proj4) {
-  if (sphere && p == f_towgs84) return false;
-  if (sphere && for_proj4 && (p == f_b || p == f_rf)) return false;
+  if (sphere && p == f_towgs84.get()) return false;
+  if (sphere && for_proj4 && (p == f_b.get() || p == f_rf.get())) return false;
   if (!p->get_def()) return false;
-  if (sphere && for_proj4 && p == f_a)
+  if (sphere && for_proj4 && p == f_a.get())
     f_text += "+R=" + Tvx_proj4_traits::dbl2str(f_a->get_dbl()) + " ";
   else
     f_text += p->get_out_str();
@@ -140,7 +117,7 @@ void Tvx_proj4_str::set_all_undefined() {
 }
 
 bool Tvx_proj4_str::is_sphere() const {
-  if (str_is(f_ellps, "sphere")) return true;
+  if (str_is(f_ellps.get(), "sphere")) return true;
   if (f_a->get_def() && f_b->get_def() && std::fabs(f_a->get_dbl() - f_b->get_dbl()) < kSphereTolerance)
     return true;
   return f_a->get_def() && f_rf->get_def() && std::fabs(f_rf->get_dbl()) < kSphereTolerance;
@@ -153,23 +130,26 @@ bool Tvx_proj4_str::is_valid() const {
 }
 
 bool Tvx_proj4_str::equal(const Tvx_proj4_str* o) const {
-  return f_proj->equal(o->f_proj) && f_datum->equal(o->f_datum) && f_ellps->equal(o->f_ellps) &&
-         f_units->equal(o->f_units) && f_lon_0->equal(o->f_lon_0) && f_lonc->equal(o->f_lonc) &&
-         f_lat_0->equal(o->f_lat_0) && f_x_0->equal(o->f_x_0) && f_y_0->equal(o->f_y_0) &&
-         f_lat_1->equal(o->f_lat_1) && f_lat_ts->equal(o->f_lat_ts) && f_lat_2->equal(o->f_lat_2) &&
-         f_k_0->equal(o->f_k_0) && f_alpha->equal(o->f_alpha) && f_a->equal(o->f_a) && f_b->equal(o->f_b) &&
-         f_rf->equal(o->f_rf) && f_south->equal(o->f_south) && f_towgs84->equal(o->f_towgs84) &&
-         f_zone->equal(o->f_zone);
+  return f_proj->equal(o->f_proj.get()) && f_datum->equal(o->f_datum.get()) &&
+         f_ellps->equal(o->f_ellps.get()) && f_units->equal(o->f_units.get()) &&
+         f_lon_0->equal(o->f_lon_0.get()) && f_lonc->equal(o->f_lonc.get()) &&
+         f_lat_0->equal(o->f_lat_0.get()) && f_x_0->equal(o->f_x_0.get()) && f_y_0->equal(o->f_y_0.get()) &&
+         f_lat_1->equal(o->f_lat_1.get()) && f_lat_ts->equal(o->f_lat_ts.get()) &&
+         f_lat_2->equal(o->f_lat_2.get()) && f_k_0->equal(o->f_k_0.get()) &&
+         f_alpha->equal(o->f_alpha.get()) && f_a->equal(o->f_a.get()) && f_b->equal(o->f_b.get()) &&
+         f_rf->equal(o->f_rf.get()) && f_south->equal(o->f_south.get()) &&
+         f_towgs84->equal(o->f_towgs84.get()) && f_zone->equal(o->f_zone.get());
 }
 
 bool Tvx_proj4_str::get_is_long_lat() const {
-  return str_is(f_proj, "longlat") || str_is(f_proj, "latlong");
+  return str_is(f_proj.get(), "longlat") || str_is(f_proj.get(), "latlong");
 }
 
 void Tvx_proj4_str::set_is_long_lat() {
   f_proj->set_str("longlat");
   f_proj->set_def(true);
-  Tvx_proj4_param* projected[] = {f_zone,   f_lon_0, f_lonc,  f_lat_0, f_x_0,   f_y_0,  f_lat_1,
-                                  f_lat_ts, f_lat_2, f_south, f_k_0,   f_alpha, f_units};
+  Tvx_proj4_param* projected[] = {f_zone.get(), f_lon_0.get(), f_lonc.get(),   f_lat_0.get(), f_x_0.get(),
+                                  f_y_0.get(),  f_lat_1.get(), f_lat_ts.get(), f_lat_2.get(), f_south.get(),
+                                  f_k_0.get(),  f_alpha.get(), f_units.get()};
   for (Tvx_proj4_param* p : projected) p->set_def(false);
 }
