@@ -84,6 +84,19 @@ VX_API void vx_string_adp_destroy(Ivx_string_adp* adapter);
 
 /* @section proj-services */
 
+/* Projection texts here are PROJ strings ("+proj=tmerc +lon_0=39 +ellps=krass ..."), never paths. */
+
+/* Reads the projection text of a .pj4 file (one line of UTF-8) and feeds it into the sink. A file
+ * that is missing, empty or longer than 64 KiB in its first line feeds nothing and gives false. */
+VX_API bool vx_pj4_load_simple_w(const wchar_t* path, Ivx_string_adp* sink);
+/* Writes the projection text beside a shape file: shape_path with its extension changed to ".pj4",
+ * one line of UTF-8 ended by a line feed. Line breaks inside the text become blanks, so that the file
+ * keeps one line. True when the file was written. */
+VX_API bool vx_pj4_save_w(const wchar_t* shape_path, const wchar_t* proj);
+/* Feeds the same coordinate system as ESRI WKT, the text of a .prj file, into the sink (PROJ's own
+ * conversion). A text that PROJ cannot turn into a coordinate system feeds nothing and gives false. */
+VX_API bool vx_pj4_export_esri(const wchar_t* proj, Ivx_string_adp* sink);
+
 
 
 /* ===================================================================================================

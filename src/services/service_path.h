@@ -17,3 +17,16 @@ inline std::string native_path(const wchar_t* path) {
 }
 
 }  // namespace vx::services
+
+namespace vx::services {
+
+// The path with its extension replaced: the part from the last "." of the file name on is cut
+// (a leading dot of a file name is no extension), and extension, with its dot, is added.
+inline std::wstring with_extension(const std::wstring& path, const wchar_t* extension) {
+  const size_t cut = path.find_last_of(L"./\\");
+  const bool has_extension = cut != std::wstring::npos && cut > 0 && path[cut] == L'.' &&
+                             path[cut - 1] != L'/' && path[cut - 1] != L'\\';
+  return (has_extension ? path.substr(0, cut) : path) + extension;
+}
+
+}  // namespace vx::services
