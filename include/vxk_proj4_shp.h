@@ -133,6 +133,8 @@ VX_API void vx_env_remove_out(void);
 
 /* Projection texts here are PROJ strings ("+proj=tmerc +lon_0=39 +ellps=krass ..."), never paths. */
 
+/* True when the text is a geographic system: its "+proj" is "longlat" or "latlong" (any case). */
+VX_API bool vx_pj4_is_longlat_w(const wchar_t* proj);
 /* Reads the projection text of a .pj4 file (one line of UTF-8) and feeds it into the sink. A file
  * that is missing, empty or longer than 64 KiB in its first line feeds nothing and gives false. */
 VX_API bool vx_pj4_load_simple_w(const wchar_t* path, Ivx_string_adp* sink);

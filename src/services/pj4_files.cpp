@@ -6,8 +6,9 @@
 #include <memory>
 #include <string>
 
-#include "services/service_path.h"
+#include "proj4/proj4_str.h"
 #include "support/ansi_code_page.h"
+#include "support/filesystem.h"
 #include "vxk_proj4_shp.h"
 
 namespace {
@@ -27,8 +28,8 @@ using pj_ptr = std::unique_ptr<PJ, pj_destroyer>;
 
 // The first line of a text file without its line end and without a UTF-8 byte order mark; false
 // when the file cannot be read or the line is longer than MAX_LINE.
-bool read_first_line(const std::string& path, std::string& line) {
-  file_ptr f(std::fopen(path.c_str(), "rb"));
+bool read_first_line(const std::wstring& path, std::string& line) {
+  file_ptr f(vx::filesystem::open_file(path, "rb"));
   if (!f) return false;
   line.clear();
   int c;
@@ -63,10 +64,23 @@ pj_ptr create_crs(const std::string& text) {
 
 extern "C" {
 
+// Geographic as the library's own reading of PROJ strings has it, the reading that every
+// reprojection follows.
+VX_API bool vx_pj4_is_longlat_w(const wchar_t* proj) {
+  try {
+    Tvx_proj4_str text;
+    text.set(vx::strconv::wide_to_utf8(proj ? proj : L"").c_str());
+    text.decompose();
+    return text.get_is_long_lat();
+  } catch (const std::exception&) {
+    return false;
+  }
+}
+
 VX_API bool vx_pj4_load_simple_w(const wchar_t* path, Ivx_string_adp* sink) {
   try {
     std::string line;
-    if (!read_first_line(vx::services::native_path(path), line) || line.empty()) return false;
+    if (!path || !read_first_line(path, line) || line.empty()) return false;
     vx_string_adp_feed(sink, vx::strconv::utf8_to_wide(line).c_str());
     return true;
   } catch (const std::exception&) {
@@ -77,8 +91,7 @@ VX_API bool vx_pj4_load_simple_w(const wchar_t* path, Ivx_string_adp* sink) {
 VX_API bool vx_pj4_save_w(const wchar_t* shape_path, const wchar_t* proj) {
   try {
     if (!shape_path || !*shape_path) return false;
-    const std::wstring pj4 = vx::services::with_extension(shape_path, L".pj4");
-    file_ptr f(std::fopen(vx::services::native_path(pj4.c_str()).c_str(), "wb"));
+    file_ptr f(vx::filesystem::open_file(vx::filesystem::change_extension(shape_path, L".pj4"), "wb"));
     if (!f) return false;
     const std::string line = one_line(proj) + "\n";
     const bool written = std::fwrite(line.data(), 1, line.size(), f.get()) == line.size();

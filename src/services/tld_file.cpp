@@ -5,45 +5,41 @@
 
 #include <cerrno>
 #include <cstring>
-#include <filesystem>
 #include <new>
 #include <string>
 #include <vector>
 
-#include "services/service_path.h"
 #include "services/text_list.h"
 #include "services/tld_format.h"
 #include "support/ansi_code_page.h"
+#include "support/filesystem.h"
 #include "vxk_proj4_shp.h"
 
+namespace fs = vx::filesystem;
+
 struct Tvx_tld_file {
-  std::string path;  // as the operating system takes it
+  std::wstring path;
   std::wstring error;
 };
 
 namespace {
 
-std::wstring system_error(const wchar_t* what, const std::string& path) {
-  return std::wstring(what) + L" " + vx::strconv::utf8_to_wide(path) + L": " +
-         vx::strconv::utf8_to_wide(std::strerror(errno));
+std::wstring system_error(const wchar_t* what, const std::wstring& path) {
+  return std::wstring(what) + L" " + path + L": " + vx::strconv::utf8_to_wide(std::strerror(errno));
 }
 
 // A handle serves the source of a copy, which exists, and its destination, which may not exist yet:
 // a path is usable when it is a regular file that can be read, or when it is missing and its folder
 // exists.
-bool usable(const std::string& path) {
-  struct stat st {};
-  if (::stat(path.c_str(), &st) == 0) return S_ISREG(st.st_mode) && ::access(path.c_str(), R_OK) == 0;
-  if (errno != ENOENT) return false;
-  std::error_code ec;
-  std::filesystem::path folder = std::filesystem::path(path).parent_path();
-  if (folder.empty()) folder = ".";
-  return std::filesystem::is_directory(folder, ec);
+bool usable(const std::wstring& path) {
+  if (fs::path_exist(path)) return fs::is_file(path) && fs::file_readable(path);
+  const std::wstring folder = fs::directory(path);
+  return folder.empty() || fs::is_directory(folder);
 }
 
 // Reads the whole file; never more than the size the file had when it was opened.
-bool read_file(const std::string& path, std::vector<uint8_t>& bytes, std::wstring& error) {
-  const int fd = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+bool read_file(const std::wstring& path, std::vector<uint8_t>& bytes, std::wstring& error) {
+  const int fd = fs::open_descriptor(path, O_RDONLY | O_CLOEXEC);
   if (fd < 0) {
     error = system_error(L"cannot open", path);
     return false;
@@ -64,8 +60,8 @@ bool read_file(const std::string& path, std::vector<uint8_t>& bytes, std::wstrin
   return ok;
 }
 
-bool write_file(const std::string& path, const std::vector<uint8_t>& bytes, std::wstring& error) {
-  const int fd = ::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
+bool write_file(const std::wstring& path, const std::vector<uint8_t>& bytes, std::wstring& error) {
+  const int fd = fs::open_descriptor(path, O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
   if (fd < 0) {
     error = system_error(L"cannot create", path);
     return false;
@@ -106,9 +102,9 @@ extern "C" {
 
 VX_API Tvx_tld_file* vx_tld_file_open_w(const wchar_t* path) {
   try {
-    std::string native = vx::services::native_path(path);
-    if (native.empty() || !usable(native)) return nullptr;
-    return new Tvx_tld_file{std::move(native), {}};
+    std::wstring text = path ? path : L"";
+    if (text.empty() || !usable(text)) return nullptr;
+    return new Tvx_tld_file{std::move(text), {}};
   } catch (const std::exception&) {
     return nullptr;
   }

@@ -150,3 +150,18 @@ TEST(Pj4Files, EsriWktOfATextThatIsNoSystemFeedsNothing) {
 }
 
 }  // namespace
+
+namespace {
+
+TEST(Pj4Files, LongLatIsTheLibrarysOwnReadingOfProj) {
+  EXPECT_TRUE(
+      vx_pj4_is_longlat_w(L"+proj=longlat +ellps=krass +towgs84=23.92,-141.27,-80.9,0,0.35,0.82,-0.12"));
+  EXPECT_TRUE(vx_pj4_is_longlat_w(L"+proj=LatLong +datum=WGS84"));
+  EXPECT_TRUE(vx_pj4_is_longlat_w(L"PROJ=LONGLAT"));
+  EXPECT_FALSE(vx_pj4_is_longlat_w(GK7));
+  EXPECT_FALSE(vx_pj4_is_longlat_w(L"+proj=utm +zone=37 +datum=WGS84"));
+  EXPECT_FALSE(vx_pj4_is_longlat_w(L""));
+  EXPECT_FALSE(vx_pj4_is_longlat_w(L"/style/std_list/proj0.pj4"));
+}
+
+}  // namespace
