@@ -146,6 +146,22 @@ VX_API bool vx_pj4_save_w(const wchar_t* shape_path, const wchar_t* proj);
  * conversion). A text that PROJ cannot turn into a coordinate system feeds nothing and gives false. */
 VX_API bool vx_pj4_export_esri(const wchar_t* proj, Ivx_string_adp* sink);
 
+/* The batch reprojector: one transformation applied to every vertex of a point vector (a
+ * vx_pv_d2 handle) in one go. Create, init, apply, destroy. */
+typedef struct Tvx_pp2d Tvx_pp2d;
+typedef struct Tvx_rpj_fb_d2 Tvx_rpj_fb_d2;
+
+/* Null when memory runs out. */
+VX_API Tvx_rpj_fb_d2* vx_rpj_fb_d2_create(void);
+/* Builds the transformation between two projection texts; false when it cannot be built, and the
+ * reprojector then changes nothing. */
+VX_API bool vx_rpj_fb_d2_init_w(Tvx_rpj_fb_d2* reprojector, const wchar_t* src_proj, const wchar_t* dst_proj);
+/* mode 1: every vertex of the vector is replaced in place by its image. A vertex that cannot be
+ * transformed keeps its source coordinates, and the result is then false; the others are transformed
+ * all the same. Any other mode changes nothing and gives false. */
+VX_API bool vx_rpj_fb_d2_apply_pv(Tvx_rpj_fb_d2* reprojector, Tvx_pp2d* vector, int mode);
+VX_API void vx_rpj_fb_d2_destroy(Tvx_rpj_fb_d2* reprojector);
+
 
 
 /* ===================================================================================================

@@ -12,7 +12,7 @@
 #include <utility>
 #include <vector>
 
-#include "vxk_proj4_shp.h"
+#include "services/flat_types.h"
 
 // The end points of a label's leader lines.
 struct Tvx_callout {
