@@ -105,7 +105,7 @@ void Tvx_str_vec::set_size(unsigned count) {
 }
 
 void Tvx_str_vec::set(unsigned index, const char* text) {
-  f_items[index] = text ? text : "";
+  if (index < f_items.size()) f_items[index] = text ? text : "";
 }
 
 void Tvx_str_vec::add(const char* text) {
