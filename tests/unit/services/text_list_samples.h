@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "vxk_proj4_shp.h"
+#include "services/flat_types.h"
 
 namespace vxk_test {
 
