@@ -330,6 +330,9 @@ VX_API bool vx_text_data_set_count(Tvx_text_data* text, unsigned count);
 VX_API bool vx_text_data_add_point(Tvx_text_data* text, Tvx_vtx_d2 point);
 VX_API Tvx_vtx_d2 vx_text_data_get_point(const Tvx_text_data* text, unsigned index);
 VX_API void vx_text_data_set_point(Tvx_text_data* text, Tvx_vtx_d2 point, unsigned index);
+/* Number of sizes (and deltas) the label holds: its point count for type 2 with more than one point,
+ * 1 otherwise. */
+VX_API unsigned vx_text_data_get_size_count(const Tvx_text_data* text);
 VX_API double vx_text_data_get_size(const Tvx_text_data* text, unsigned index);
 VX_API double vx_text_data_get_delta_x(const Tvx_text_data* text, unsigned index);
 VX_API double vx_text_data_get_delta_y(const Tvx_text_data* text, unsigned index);
