@@ -406,7 +406,10 @@ VX_API void vx_tld_file_close(Tvx_tld_file* file);
  * built. */
 VX_API bool vx_proj4_text_list_w(Tvx_text_list_base* list, const wchar_t* src_proj, const wchar_t* dst_proj);
 /* A TLD file to another (they may be the same file). False when a file cannot be opened, or when the
- * transformation cannot be built: the destination then still receives the source's labels unchanged. */
+ * transformation cannot be built: the destination then still receives the source's labels unchanged.
+ * The source is opened as vx_tld_file_open_w opens any file, so a missing source in an existing folder
+ * reads as an empty list: the result is then true and the destination an empty label file. A source
+ * that cannot be read whole gives the labels read before the defect. */
 VX_API bool vx_proj4_tld_w(const wchar_t* src_file, const wchar_t* src_proj, const wchar_t* dst_file,
                            const wchar_t* dst_proj);
 /* The same with UTF-8 texts. */

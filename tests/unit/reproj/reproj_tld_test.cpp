@@ -274,6 +274,15 @@ TEST(ReprojTld, FileThatCannotBeOpenedFails) {
   EXPECT_FALSE(fs::exists(dir / "missing"));
 }
 
+TEST(ReprojTld, MissingSourceInAnExistingFolderReadsAsAnEmptyList) {
+  // One open serves source and destination, so a missing source opens like a destination to be made;
+  // its read fails, and that result is not looked at.
+  const fs::path dir = vxk_test::scratch_dir("reproj_tld_missing_source");
+  EXPECT_TRUE(vx_proj4_tld_w(wide(dir / "absent.tld").c_str(), WGS84, wide(dir / "dst.tld").c_str(), MERC));
+  EXPECT_FALSE(fs::exists(dir / "absent.tld"));
+  EXPECT_EQ(vx_text_list_get_size(read_tld(dir / "dst.tld").get()), 0u);
+}
+
 TEST(ReprojTld, FileIsReprojectedWithEveryFieldCarried) {
   const fs::path dir = vxk_test::scratch_dir("reproj_tld_file");
   list_ptr list(vxk_test::make_full_list());
