@@ -60,6 +60,53 @@ VX_API void vx_string_adp_destroy(Ivx_string_adp* adapter);
 
 /* @section environment */
 
+/* The language of the library's messages. 0 selects Russian; any other value English, which is the
+ * default. The message table asks once, when it gives its first text, so set the language before the
+ * first call that can report anything. */
+VX_API int vx_res_get_lng(void);
+VX_API void vx_res_set_lng(int language);
+
+/* A host environment: callbacks through which the library's reports reach the host. Without one, every
+ * report vanishes and failures show only in return values. Each callback receives the host's user
+ * pointer first; any of them may be null, in which case that report is dropped (and the start functions
+ * give null, stopped gives false). Texts are narrow, in the system's narrow code page (Windows-1251).
+ *
+ *   message, error, debug_message  one line of text each;
+ *   set_debug_flag                 whether debug lines are wanted;
+ *   wait_start / wait_finish       a busy mark around a long step: wait_start returns the host's handle,
+ *                                  which comes back to wait_finish with a status (0 done, 101 user stop,
+ *                                  anything else an error);
+ *   progress_start / progress /    a progress bar: progress_start returns the host's handle, progress
+ *   progress_finish                gives current and total, progress_finish the status as above;
+ *   stopped                        asked during long work: true when the user wants it to stop. */
+typedef void (*vx_env_text_fn)(void* user, const char* text);
+typedef void (*vx_env_flag_fn)(void* user, bool flag);
+typedef void* (*vx_env_start_fn)(void* user, const char* text);
+typedef void (*vx_env_finish_fn)(void* user, void* handle, int status);
+typedef void (*vx_env_progress_fn)(void* user, void* handle, uint32_t current, uint32_t total);
+typedef bool (*vx_env_stopped_fn)(void* user);
+
+typedef struct vx_env_callbacks {
+  vx_env_text_fn message;
+  vx_env_text_fn error;
+  vx_env_flag_fn set_debug_flag;
+  vx_env_text_fn debug_message;
+  vx_env_start_fn wait_start;
+  vx_env_finish_fn wait_finish;
+  vx_env_start_fn progress_start;
+  vx_env_progress_fn progress;
+  vx_env_finish_fn progress_finish;
+  vx_env_stopped_fn stopped;
+} vx_env_callbacks;
+
+/* Installs the host environment: the callbacks are copied, the user pointer is kept as it is. A null
+ * callbacks pointer installs an environment with every callback null. Replaces any environment that
+ * was installed before. Install before any other call and not while one runs: nothing here is locked. */
+VX_API void vx_env_install_out(const vx_env_callbacks* callbacks, void* user);
+
+/* Removes the environment installed by vx_env_install_out; reports vanish again. */
+VX_API void vx_env_remove_out(void);
+
 
 
 /* ===================================================================================================

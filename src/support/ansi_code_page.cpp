@@ -67,9 +67,13 @@ std::wstring bytes_to_wide(const std::string& bytes) {
 
 }  // namespace
 
-unsigned ansi_code_page() { return 1251; }
+unsigned ansi_code_page() {
+  return 1251;
+}
 
-const char* ansi_iconv_name() { return "WINDOWS-1251"; }
+const char* ansi_iconv_name() {
+  return "WINDOWS-1251";
+}
 
 std::wstring narrow_to_wide(const std::string& text, const char* iconv_name) {
   const wchar_t repl = 0xFFFD;
@@ -82,9 +86,17 @@ std::string wide_to_narrow(const std::wstring& text, const char* iconv_name) {
                  text.size() * sizeof(wchar_t), sizeof(wchar_t), "?");
 }
 
-std::wstring ansi_to_wide(const std::string& text) { return narrow_to_wide(text, ansi_iconv_name()); }
-std::string wide_to_ansi(const std::wstring& text) { return wide_to_narrow(text, ansi_iconv_name()); }
-std::wstring utf8_to_wide(const std::string& text) { return narrow_to_wide(text, "UTF-8"); }
-std::string wide_to_utf8(const std::wstring& text) { return wide_to_narrow(text, "UTF-8"); }
+std::wstring ansi_to_wide(const std::string& text) {
+  return narrow_to_wide(text, ansi_iconv_name());
+}
+std::string wide_to_ansi(const std::wstring& text) {
+  return wide_to_narrow(text, ansi_iconv_name());
+}
+std::wstring utf8_to_wide(const std::string& text) {
+  return narrow_to_wide(text, "UTF-8");
+}
+std::string wide_to_utf8(const std::wstring& text) {
+  return wide_to_narrow(text, "UTF-8");
+}
 
 }  // namespace vx::strconv

@@ -24,7 +24,9 @@ TEST(AnsiCodePage, CharacterMissingFromTheCodePageBecomesQuestionMark) {
 }
 
 TEST(AnsiCodePage, InvalidUtf8IsReplacedNotDropped) {
-  EXPECT_EQ(utf8_to_wide(std::string("a\xFF" "b")), std::wstring(L"a\uFFFDb"));
+  EXPECT_EQ(utf8_to_wide(std::string("a\xFF"
+                                     "b")),
+            std::wstring(L"a\uFFFDb"));
 }
 
 TEST(AnsiCodePage, EmptyTextStaysEmpty) {
