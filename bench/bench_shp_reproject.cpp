@@ -5,7 +5,9 @@
 //   library  SRC.shp DST.shp FROM TO         vx_proj4_shp of the library, through its public header
 //   floor    SRC.shp DST.shp FROM TO         the least work that can do the same job: the file read and
 //                                           written by plain buffered I/O, one proj_trans_generic per
-//                                           record, the .dbf copied
+//                                           record, the .dbf copied. PROJ gets the same texts as from
+//                                           the library, which normalises every projection text
+//   floor-raw SRC.shp DST.shp FROM TO        the same with FROM and TO handed to PROJ as they stand
 //
 // library and floor print the wall time in seconds on stdout. bench/shp_reproject_compare.sh drives
 // them and times ogr2ogr beside them.
@@ -21,6 +23,7 @@
 #include <string>
 #include <vector>
 
+#include "reproj/reproj_xy_exec.h"
 #include "vxk_proj4_shp.h"
 
 namespace {
@@ -224,8 +227,8 @@ class polygon_reader {
   std::uint64_t left_ = 0;
 };
 
-int floor_run(const std::string& src, const std::string& dst, const char* from, const char* to) {
-  PJ* pj = proj_create_crs_to_crs(nullptr, from, to, nullptr);
+int floor_run(const std::string& src, const std::string& dst, const std::string& from, const std::string& to) {
+  PJ* pj = proj_create_crs_to_crs(nullptr, from.c_str(), to.c_str(), nullptr);
   PJ* norm = pj ? proj_normalize_for_visualization(nullptr, pj) : nullptr;
   if (!norm) return 1;
   polygon_reader in(src);
@@ -254,7 +257,7 @@ int timed(Fn fn) {
 int usage() {
   std::fprintf(stderr,
                "usage: bench_shp_reproject generate OUT.shp [RECORDS [VERTICES]]\n"
-               "       bench_shp_reproject library|floor SRC.shp DST.shp FROM_PROJ TO_PROJ\n");
+               "       bench_shp_reproject library|floor|floor-raw SRC.shp DST.shp FROM_PROJ TO_PROJ\n");
   return 2;
 }
 
@@ -270,6 +273,12 @@ int main(int argc, char** argv) {
   const std::string mode = argv[1];
   if (mode == "library")
     return timed([&] { return vx_proj4_shp(argv[2], argv[4], argv[3], argv[5]) ? 0 : 1; });
-  if (mode == "floor") return timed([&] { return floor_run(argv[2], argv[3], argv[4], argv[5]); });
+  if (mode == "floor-raw") return timed([&] { return floor_run(argv[2], argv[3], argv[4], argv[5]); });
+  if (mode == "floor") {
+    bool geographic = false;
+    const std::string from = Tvx_reproj_xy_exec::verify_pj4str(argv[4], &geographic);
+    const std::string to = Tvx_reproj_xy_exec::verify_pj4str(argv[5], &geographic);
+    return timed([&] { return floor_run(argv[2], argv[3], from, to); });
+  }
   return usage();
 }

@@ -15,7 +15,8 @@ Given a source shape file, the two PROJ strings and our result, this script repr
 Sub-commands:
   make-sources DIR     writes the sample source files (GDAL's own writer) into DIR
   compare ...          checks one result (see --help)
-  self-test DIR        exercises the checker on GDAL-made results, including a tampered one that must fail
+  self-test DIR        exercises the checker on GDAL-made results, including spoilt ones that must fail
+  check-vxk VXK DIR    runs `vxk reproject` on every sample, and again on its own results, and checks each
 
 Needs the Python bindings of GDAL (Debian: python3-gdal) and gdal-bin on the PATH.
 """
@@ -414,6 +415,50 @@ def self_test(outdir):
     return failures
 
 
+# ------------------------------------------------------------------------------------------------------
+# Our program against GDAL
+
+def run_vxk(vxk, src, dst, from_proj, to_proj):
+    """`vxk reproject`; gives its report line. Raises Mismatch when it fails."""
+    run = subprocess.run([vxk, "reproject", src, dst, "--from", from_proj, "--to", to_proj],
+                         capture_output=True, text=True)
+    if run.returncode != 0:
+        raise Mismatch(f"vxk reproject failed ({run.returncode}): {run.stderr.strip()}")
+    return run.stdout.strip()
+
+
+def check_vxk(vxk, outdir):
+    """Every sample made by GDAL goes through `vxk reproject` and is compared with ogr2ogr; then each of
+    our results, a file of our own writer, goes back to the source system and is compared again."""
+    workdir = os.path.join(outdir, "work")
+    os.makedirs(workdir, exist_ok=True)
+    failures = 0
+    for src, from_proj, to_proj in make_sources(os.path.join(outdir, "src")):
+        name = os.path.basename(src)
+        there = os.path.join(outdir, "there", name)
+        back = os.path.join(outdir, "back", name)
+        for label, a, b, f, t in (("GDAL's file", src, there, from_proj, to_proj),
+                                  ("our file", there, back, to_proj, from_proj)):
+            try:
+                report = run_vxk(vxk, a, b, f, t)
+                counts = compare(a, b, f, t, workdir)
+                expect_report(report, counts)
+                print(f"{name} ({label}): agrees {counts}")
+            except Mismatch as e:
+                print(f"{name} ({label}): MISMATCH {e}")
+                failures += 1
+                break
+    print(f"{failures} failures")
+    return failures
+
+
+def expect_report(report, counts):
+    """vxk's closing line must state the records written and those that could not be transformed."""
+    want = f"{counts['records']} records written, {counts['failed']} became null records"
+    if want not in report:
+        raise Mismatch(f"vxk reported '{report}', expected '{want}'")
+
+
 def main():
     ap = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
     sub = ap.add_subparsers(dest="cmd", required=True)
@@ -429,6 +474,9 @@ def main():
     c.add_argument("--expect-failed", type=int, help="number of records that cannot be transformed")
     s = sub.add_parser("self-test")
     s.add_argument("dir")
+    v = sub.add_parser("check-vxk")
+    v.add_argument("vxk", help="path of the vxk program")
+    v.add_argument("dir")
     args = ap.parse_args()
 
     if args.cmd == "make-sources":
@@ -438,6 +486,8 @@ def main():
         return 0
     if args.cmd == "self-test":
         return 1 if self_test(args.dir) else 0
+    if args.cmd == "check-vxk":
+        return 1 if check_vxk(args.vxk, args.dir) else 0
     workdir = args.work or tempfile.mkdtemp(prefix="ogr_check_")
     try:
         counts = compare(args.src, args.ours, args.from_proj, args.to_proj, workdir)
