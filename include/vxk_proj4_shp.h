@@ -115,6 +115,117 @@ VX_API void vx_env_remove_out(void);
 
 /* @section stdlist */
 
+/* The nomenclature of a standard topographic map sheet, from 1:1,000,000 down to 1:10,000.
+ * Level values are one-based; 0 marks "no such value" and reads as "?" in texts. */
+
+/* Hemisphere (32-bit). */
+typedef int32_t Tvx_stdlist_hemisphere;
+enum { VX_STDLIST_NORTH = 1, VX_STDLIST_SOUTH = 2 };
+
+/* Scale (32-bit). 1:300,000 is declared but never valid; 9 is accepted by the setters and never valid. */
+typedef int32_t Tvx_stdlist_scale;
+enum {
+  VX_STDLIST_SC_NONE = 0,
+  VX_STDLIST_SC_MLN = 1, /* 1:1,000,000 */
+  VX_STDLIST_SC_500 = 2, /* 1:500,000 */
+  VX_STDLIST_SC_300 = 3, /* 1:300,000 */
+  VX_STDLIST_SC_200 = 4, /* 1:200,000 */
+  VX_STDLIST_SC_100 = 5, /* 1:100,000 */
+  VX_STDLIST_SC_50 = 6,  /* 1:50,000 */
+  VX_STDLIST_SC_25 = 7,  /* 1:25,000 */
+  VX_STDLIST_SC_10 = 8,  /* 1:10,000 */
+  VX_STDLIST_SC_END = 9
+};
+
+/* Sheet type (32-bit): the count of adjoining sheets joined in one row. */
+typedef int32_t Tvx_stdlist_type;
+enum { VX_STDLIST_TP_SGL = 1, VX_STDLIST_TP_DBL = 2, VX_STDLIST_TP_TPL = 3, VX_STDLIST_TP_QRP = 4 };
+
+/* A sheet designation record, made by vx_stdlist_create and freed by vx_stdlist_destroy. */
+typedef struct Tvx_stdlist_string Tvx_stdlist_string;
+
+/* Lists of legal values, one feed per row. */
+VX_API void vx_stdlist_fetch_hemispheres(Ivx_string_adp* sink);
+VX_API void vx_stdlist_fetch_scales(Ivx_string_adp* sink);
+VX_API void vx_stdlist_fetch_scale_str(Tvx_stdlist_scale scale, Ivx_string_adp* sink);
+VX_API void vx_stdlist_fetch_types(Ivx_string_adp* sink);
+VX_API void vx_stdlist_fetch_mln_letters(Ivx_string_adp* sink);
+VX_API void vx_stdlist_fetch_mln_numbers(Ivx_string_adp* sink);
+VX_API void vx_stdlist_fetch_500_letters(Ivx_string_adp* sink);
+VX_API void vx_stdlist_fetch_200_romans(Ivx_string_adp* sink);
+VX_API void vx_stdlist_fetch_100_numbers(Ivx_string_adp* sink);
+VX_API void vx_stdlist_fetch_50_letters(Ivx_string_adp* sink);
+VX_API void vx_stdlist_fetch_25_letters(Ivx_string_adp* sink);
+VX_API void vx_stdlist_fetch_10_numbers(Ivx_string_adp* sink);
+
+/* Life and the whole record. A new record is north, 1:1,000,000, single, every level 1 ("A-1"). */
+VX_API Tvx_stdlist_string* vx_stdlist_create(void);
+VX_API void vx_stdlist_destroy(Tvx_stdlist_string* sheet);
+VX_API void vx_stdlist_assign(Tvx_stdlist_string* destination, const Tvx_stdlist_string* source);
+VX_API bool vx_stdlist_equal(const Tvx_stdlist_string* a, const Tvx_stdlist_string* b);
+VX_API bool vx_stdlist_valid(const Tvx_stdlist_string* sheet);
+VX_API void vx_stdlist_init_default(Tvx_stdlist_string* sheet);
+VX_API bool vx_stdlist_init(Tvx_stdlist_string* sheet, Tvx_stdlist_scale scale, Tvx_stdlist_type type,
+                            Tvx_stdlist_hemisphere hemisphere);
+VX_API Tvx_stdlist_hemisphere vx_stdlist_get_hemisphere(const Tvx_stdlist_string* sheet);
+VX_API Tvx_stdlist_scale vx_stdlist_get_scale(const Tvx_stdlist_string* sheet);
+VX_API Tvx_stdlist_type vx_stdlist_get_type(const Tvx_stdlist_string* sheet);
+/* Functions that give one wide character return it widened to an int. */
+VX_API int vx_stdlist_hemisphere_tostr(const Tvx_stdlist_string* sheet);
+VX_API const wchar_t* vx_stdlist_scale_tostr(const Tvx_stdlist_string* sheet);
+VX_API const wchar_t* vx_stdlist_type_tostr(const Tvx_stdlist_string* sheet);
+/* Which types to offer at the sheet's latitude; writes all four elements, indexed type minus one. */
+VX_API void vx_stdlist_fetch_supported_types(const Tvx_stdlist_string* sheet, bool types[4]);
+VX_API double vx_stdlist_get_mid_meridian(const Tvx_stdlist_string* sheet);
+/* Feeds the designation, such as "N-37-VI,38-I", in exactly one feed. */
+VX_API void vx_stdlist_to_string(const Tvx_stdlist_string* sheet, Ivx_string_adp* sink);
+
+/* Million sheet: band letter "A" to "V" (index 1 to 22) and column number 1 to 60. */
+VX_API uint64_t vx_stdlist_get_mln_letter_idx(const Tvx_stdlist_string* sheet);
+VX_API bool vx_stdlist_set_mln_letter_idx(Tvx_stdlist_string* sheet, uint64_t index);
+VX_API int vx_stdlist_get_mln_letter(const Tvx_stdlist_string* sheet);
+VX_API bool vx_stdlist_set_mln_letter(Tvx_stdlist_string* sheet, wchar_t letter);
+VX_API uint64_t vx_stdlist_get_mln_number(const Tvx_stdlist_string* sheet);
+VX_API void vx_stdlist_get_mln_number_str(const Tvx_stdlist_string* sheet, Ivx_string_adp* sink);
+VX_API bool vx_stdlist_set_mln_number(Tvx_stdlist_string* sheet, uint64_t number);
+VX_API bool vx_stdlist_set_mln_number_str(Tvx_stdlist_string* sheet, const wchar_t* text);
+
+/* 1:500,000: letter "А" to "Г" (index 1 to 4). */
+VX_API uint64_t vx_stdlist_get_500_letter_idx(const Tvx_stdlist_string* sheet);
+VX_API int vx_stdlist_get_500_letter(const Tvx_stdlist_string* sheet);
+VX_API bool vx_stdlist_set_500_letter_idx(Tvx_stdlist_string* sheet, uint64_t index);
+VX_API bool vx_stdlist_set_500_letter(Tvx_stdlist_string* sheet, wchar_t letter);
+
+/* 1:200,000: Roman numeral "I" to "XXXVI" (index 1 to 36). */
+VX_API uint64_t vx_stdlist_get_200_roman_idx(const Tvx_stdlist_string* sheet);
+VX_API void vx_stdlist_get_200_roman(const Tvx_stdlist_string* sheet, Ivx_string_adp* sink);
+VX_API bool vx_stdlist_set_200_roman_idx(Tvx_stdlist_string* sheet, uint64_t index);
+VX_API bool vx_stdlist_set_200_roman(Tvx_stdlist_string* sheet, const wchar_t* numeral);
+
+/* 1:100,000: number 1 to 144. Setting its text out of range leaves the number as it was. */
+VX_API uint64_t vx_stdlist_get_100_number(const Tvx_stdlist_string* sheet);
+VX_API void vx_stdlist_get_100_number_str(const Tvx_stdlist_string* sheet, Ivx_string_adp* sink);
+VX_API bool vx_stdlist_set_100_number(Tvx_stdlist_string* sheet, uint64_t number);
+VX_API void vx_stdlist_set_100_number_str(Tvx_stdlist_string* sheet, const wchar_t* text);
+
+/* 1:50,000: letter "А" to "Г". Setting the letter returns the index stored. */
+VX_API uint64_t vx_stdlist_get_50_letter_idx(const Tvx_stdlist_string* sheet);
+VX_API int vx_stdlist_get_50_letter(const Tvx_stdlist_string* sheet);
+VX_API bool vx_stdlist_set_50_letter_idx(Tvx_stdlist_string* sheet, uint64_t index);
+VX_API uint64_t vx_stdlist_set_50_letter(Tvx_stdlist_string* sheet, wchar_t letter);
+
+/* 1:25,000: letter "а" to "г". The index setter stores any value; the getter reads 0 out of range. */
+VX_API uint64_t vx_stdlist_get_25_letter_idx(const Tvx_stdlist_string* sheet);
+VX_API int vx_stdlist_get_25_letter(const Tvx_stdlist_string* sheet);
+VX_API void vx_stdlist_set_25_letter_idx(Tvx_stdlist_string* sheet, uint64_t index);
+VX_API uint64_t vx_stdlist_set_25_letter(Tvx_stdlist_string* sheet, wchar_t letter);
+
+/* 1:10,000: number 1 to 4. Its text travels as one character, "1" to "4" or "?". */
+VX_API uint64_t vx_stdlist_get_10_number(const Tvx_stdlist_string* sheet);
+VX_API int vx_stdlist_get_10_number_str(const Tvx_stdlist_string* sheet);
+VX_API bool vx_stdlist_set_10_number(Tvx_stdlist_string* sheet, uint64_t number);
+VX_API uint64_t vx_stdlist_set_10_number_str(Tvx_stdlist_string* sheet, wchar_t digit);
+
 
 
 /* ===================================================================================================
@@ -131,6 +242,37 @@ VX_API void vx_env_remove_out(void);
 
 /* @section proj-services */
 
+/* Projection texts here are PROJ strings ("+proj=tmerc +lon_0=39 +ellps=krass ..."), never paths. */
+
+/* True when the text is a geographic system: its "+proj" is "longlat" or "latlong" (any case). */
+VX_API bool vx_pj4_is_longlat_w(const wchar_t* proj);
+/* Reads the projection text of a .pj4 file (one line of UTF-8) and feeds it into the sink. A file
+ * that is missing, empty or longer than 64 KiB in its first line feeds nothing and gives false. */
+VX_API bool vx_pj4_load_simple_w(const wchar_t* path, Ivx_string_adp* sink);
+/* Writes the projection text beside a shape file: shape_path with its extension changed to ".pj4",
+ * one line of UTF-8 ended by a line feed. Line breaks inside the text become blanks, so that the file
+ * keeps one line. True when the file was written. */
+VX_API bool vx_pj4_save_w(const wchar_t* shape_path, const wchar_t* proj);
+/* Feeds the same coordinate system as ESRI WKT, the text of a .prj file, into the sink (PROJ's own
+ * conversion). A text that PROJ cannot turn into a coordinate system feeds nothing and gives false. */
+VX_API bool vx_pj4_export_esri(const wchar_t* proj, Ivx_string_adp* sink);
+
+/* The batch reprojector: one transformation applied to every vertex of a point vector (a
+ * vx_pv_d2 handle) in one go. Create, init, apply, destroy. */
+typedef struct Tvx_pp2d Tvx_pp2d;
+typedef struct Tvx_rpj_fb_d2 Tvx_rpj_fb_d2;
+
+/* Null when memory runs out. */
+VX_API Tvx_rpj_fb_d2* vx_rpj_fb_d2_create(void);
+/* Builds the transformation between two projection texts; false when it cannot be built, and the
+ * reprojector then changes nothing. */
+VX_API bool vx_rpj_fb_d2_init_w(Tvx_rpj_fb_d2* reprojector, const wchar_t* src_proj, const wchar_t* dst_proj);
+/* mode 1: every vertex of the vector is replaced in place by its image. A vertex that cannot be
+ * transformed keeps its source coordinates, and the result is then false; the others are transformed
+ * all the same. Any other mode changes nothing and gives false. */
+VX_API bool vx_rpj_fb_d2_apply_pv(Tvx_rpj_fb_d2* reprojector, Tvx_pp2d* vector, int mode);
+VX_API void vx_rpj_fb_d2_destroy(Tvx_rpj_fb_d2* reprojector);
+
 
 
 /* ===================================================================================================
@@ -138,6 +280,117 @@ VX_API void vx_env_remove_out(void);
  * =================================================================================================== */
 
 /* @section text-lists */
+
+/* A point of a label or of a callout: x then y, in the units of the list's coordinate system (degrees,
+ * longitude first, in a geographic one). */
+#ifndef VX_VTX_D2_DEFINED
+#define VX_VTX_D2_DEFINED
+typedef struct Tvx_vtx_d2 {
+  double x;
+  double y;
+} Tvx_vtx_d2;
+#endif
+
+/* A text list is an ordered list of labels ("text data"). Each label has a type, a number of points at
+ * which it stands, a size, a delta x and a delta y (one per point for type 2, a single one at index 0
+ * for every other type, also when the label has no point), its text, font name, colour, style bits,
+ * alignment and angle, and at most one callout: a set of end points to which leader lines are drawn.
+ * Sizes and deltas are lengths in map units.
+ *
+ * Text data and callout handles belong to their list: they stay valid while the list lives, until
+ * vx_text_list_clear, or for a callout until vx_text_data_remove_callout. Reading an index out of range
+ * gives zeros; writing one does nothing. */
+typedef struct Tvx_text_list_base Tvx_text_list_base;
+typedef struct Tvx_text_data Tvx_text_data;
+typedef struct Tvx_callout Tvx_callout;
+
+/* Type of a label with a size and deltas at every point (text set along a line). */
+#define VX_TEXT_TYPE_PER_POINT 2
+
+VX_API Tvx_text_list_base* vx_text_list_create(void);
+VX_API void vx_text_list_destroy(Tvx_text_list_base* list);
+VX_API unsigned vx_text_list_get_size(const Tvx_text_list_base* list);
+/* The label at index, null when the index is out of range. */
+VX_API Tvx_text_data* vx_text_list_at(Tvx_text_list_base* list, unsigned index);
+/* Appends a new label (type 1, no point, size and deltas 0, empty texts, black, no callout) and gives
+ * it back; null when memory runs out. */
+VX_API Tvx_text_data* vx_text_list_add(Tvx_text_list_base* list);
+/* Removes every label. */
+VX_API void vx_text_list_clear(Tvx_text_list_base* list);
+
+VX_API int vx_text_data_get_type(const Tvx_text_data* text);
+/* Changing the type re-fits the sizes and deltas: a type 2 label keeps one per point (at least one),
+ * any other type keeps only the one at index 0. */
+VX_API void vx_text_data_set_type(Tvx_text_data* text, int type);
+VX_API unsigned vx_text_data_get_count(const Tvx_text_data* text);
+/* Sets the number of points; new points are (0, 0) with size and deltas 0. False when memory runs out,
+ * with the label unchanged. */
+VX_API bool vx_text_data_set_count(Tvx_text_data* text, unsigned count);
+/* Appends a point (with size and deltas 0 for type 2); false when memory runs out. */
+VX_API bool vx_text_data_add_point(Tvx_text_data* text, Tvx_vtx_d2 point);
+VX_API Tvx_vtx_d2 vx_text_data_get_point(const Tvx_text_data* text, unsigned index);
+VX_API void vx_text_data_set_point(Tvx_text_data* text, Tvx_vtx_d2 point, unsigned index);
+VX_API double vx_text_data_get_size(const Tvx_text_data* text, unsigned index);
+VX_API double vx_text_data_get_delta_x(const Tvx_text_data* text, unsigned index);
+VX_API double vx_text_data_get_delta_y(const Tvx_text_data* text, unsigned index);
+VX_API void vx_text_data_set_size(Tvx_text_data* text, double size, unsigned index);
+VX_API void vx_text_data_set_delta_x(Tvx_text_data* text, double delta_x, unsigned index);
+VX_API void vx_text_data_set_delta_y(Tvx_text_data* text, double delta_y, unsigned index);
+
+/* The label's text and font name. The pointer stays valid until the text is set again or the label
+ * goes; it is never null. Setting null stores the empty text; false when memory runs out. */
+VX_API const wchar_t* vx_text_data_get_text(const Tvx_text_data* text);
+VX_API bool vx_text_data_set_text(Tvx_text_data* text, const wchar_t* value);
+VX_API const wchar_t* vx_text_data_get_font_name(const Tvx_text_data* text);
+VX_API bool vx_text_data_set_font_name(Tvx_text_data* text, const wchar_t* value);
+/* Colour as 0xAARRGGBB; a new label is opaque black, 0xFF000000. */
+VX_API uint32_t vx_text_data_get_color(const Tvx_text_data* text);
+VX_API void vx_text_data_set_color(Tvx_text_data* text, uint32_t color);
+/* Style bits, stored and carried as they are: VX_TEXT_STYLE_* or the host's own. */
+#define VX_TEXT_STYLE_BOLD 1u
+#define VX_TEXT_STYLE_ITALIC 2u
+#define VX_TEXT_STYLE_UNDERLINE 4u
+#define VX_TEXT_STYLE_STRIKEOUT 8u
+VX_API uint32_t vx_text_data_get_style(const Tvx_text_data* text);
+VX_API void vx_text_data_set_style(Tvx_text_data* text, uint32_t style);
+/* Where the point stands in the text's box, stored and carried as it is; by convention 0 to 8 row by
+ * row from the top left (0 top left, 4 centre, 6 bottom left). */
+VX_API int32_t vx_text_data_get_align(const Tvx_text_data* text);
+VX_API void vx_text_data_set_align(Tvx_text_data* text, int32_t align);
+/* Angle of the text's base line in degrees, counter-clockwise from the x axis. Reprojection leaves it
+ * as it is, as it leaves the direction of the deltas. */
+VX_API double vx_text_data_get_angle(const Tvx_text_data* text);
+VX_API void vx_text_data_set_angle(Tvx_text_data* text, double angle);
+
+/* The label's callout, null when it has none. */
+VX_API Tvx_callout* vx_text_data_get_callout(Tvx_text_data* text);
+/* Gives the label a callout with no end points, or gives back the one it has; null when memory runs
+ * out. */
+VX_API Tvx_callout* vx_text_data_add_callout(Tvx_text_data* text);
+VX_API void vx_text_data_remove_callout(Tvx_text_data* text);
+VX_API unsigned vx_callout_get_size(const Tvx_callout* callout);
+VX_API Tvx_vtx_d2 vx_callout_get_end_point(const Tvx_callout* callout, unsigned index);
+VX_API void vx_callout_set_end_point(Tvx_callout* callout, Tvx_vtx_d2 point, unsigned index);
+/* Appends an end point; false when memory runs out. */
+VX_API bool vx_callout_add_end_point(Tvx_callout* callout, Tvx_vtx_d2 point);
+
+/* TLD files: a text list on disk (docs/tld-format.md). vx_tld_file_open_w serves both sides of a copy:
+ * it succeeds on an existing readable file, and on a missing file whose folder exists, which
+ * vx_tld_file_write_all will create. Nothing is read or written until those calls. */
+typedef struct Tvx_tld_file Tvx_tld_file;
+
+VX_API Tvx_tld_file* vx_tld_file_open_w(const wchar_t* path);
+/* Replaces the list's content with the labels of the file. A file that is missing, truncated or
+ * inconsistent gives false; the list then holds the labels read completely before the defect, and
+ * vx_tld_file_get_error tells what was wrong. */
+VX_API bool vx_tld_file_read_all(Tvx_tld_file* file, Tvx_text_list_base* list);
+/* Writes the whole list, replacing the file. mode must be 0 (the only mode); any other value writes
+ * nothing and gives false. */
+VX_API bool vx_tld_file_write_all(Tvx_tld_file* file, const Tvx_text_list_base* list, int mode);
+/* The reason of the last failed read or write of this handle, empty after a success. Valid until the
+ * next call on the handle. */
+VX_API const wchar_t* vx_tld_file_get_error(const Tvx_tld_file* file);
+VX_API void vx_tld_file_close(Tvx_tld_file* file);
 
 
 

@@ -1,16 +1,13 @@
 #include "geom/ap2d.h"
 
+#include "geom/owned_list.h"
+
 void Tvx_ap2d::delete_obj(Tvx_ap2d** p) {
-  if (!p) return;
-  delete *p;
-  *p = nullptr;
+  vx::geom::delete_and_null(p);
 }
 
 void Tvx_ap2d::set_size(int n) {
-  const std::size_t size = n > 0 ? static_cast<std::size_t>(n) : 0;
-  objects.resize(size);
-  for (auto& object : objects)
-    if (!object) object = std::make_unique<Tvx_op2d>();
+  vx::geom::resize_owned(objects, n);
 }
 
 void Tvx_ap2d::assign(const Tvx_ap2d* other) {

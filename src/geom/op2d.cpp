@@ -4,18 +4,14 @@
 #include <utility>
 
 #include "geom/ap2d.h"
+#include "geom/owned_list.h"
 
 void Tvx_op2d::delete_obj(Tvx_op2d** p) {
-  if (!p) return;
-  delete *p;
-  *p = nullptr;
+  vx::geom::delete_and_null(p);
 }
 
 void Tvx_op2d::set_size(int n) {
-  const std::size_t size = n > 0 ? static_cast<std::size_t>(n) : 0;
-  parts.resize(size);
-  for (auto& part : parts)
-    if (!part) part = std::make_unique<Tvx_pp2d>();
+  vx::geom::resize_owned(parts, n);
 }
 
 void Tvx_op2d::assign(const Tvx_op2d* other) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "geom/owned_list.h"
 #include "geom/point_walk.h"
 
 namespace {
@@ -12,9 +13,7 @@ constexpr double kPi = 3.14159265358979323846;
 }  // namespace
 
 void Tvx_pp2d::delete_obj(Tvx_pp2d** p) {
-  if (!p) return;
-  delete *p;
-  *p = nullptr;
+  vx::geom::delete_and_null(p);
 }
 
 // Changes of the vertices. Most mark both the rectangle and the statistics stale; add(Tvx_point2d)

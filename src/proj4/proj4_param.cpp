@@ -1,9 +1,8 @@
 #include "proj4/proj4_param.h"
 
 #include <cmath>
-#include <cstdio>
 
-#include "proj4/proj4_text.h"
+#include "support/str_func.h"
 
 namespace {
 
@@ -17,9 +16,7 @@ bool near(double a, double b) {
 }  // namespace
 
 std::string Tvx_proj4_traits::dbl2str(double value) {
-  char buf[64];
-  std::snprintf(buf, sizeof buf, "%.12lg", value);
-  return buf;
+  return Tvx_str_func::dbl2str_format(value, "%.12lg");
 }
 
 // ---- base ----
@@ -58,7 +55,7 @@ void Tvx_proj4_param_str::set_param(const Tvx_proj4_param_str* other) {
 bool Tvx_proj4_param_str::equal(const Tvx_proj4_param_str* other) const {
   bool result;
   if (defs_decide(other, &result)) return result;
-  return vx::proj4_text::trim_stricmp(f_value.c_str(), other->f_value.c_str()) == 0;
+  return Tvx_str_func::trim_stricmp(f_value.c_str(), other->f_value.c_str()) == 0;
 }
 
 const char* Tvx_proj4_param_str::get_out_str() {
@@ -90,7 +87,7 @@ const char* Tvx_proj4_param_dbl::get_out_str() {
 }
 
 void Tvx_proj4_param_dbl::val_from_str(const char* text) {
-  f_def = vx::proj4_text::str2dbl(text ? text : "", f_value);
+  f_def = Tvx_str_func::str2dbl(text ? text : "", f_value);
 }
 
 // ---- integer ----
@@ -108,11 +105,11 @@ bool Tvx_proj4_param_int::equal(const Tvx_proj4_param_int* other) const {
 
 const char* Tvx_proj4_param_int::get_out_str() {
   if (!begin_out()) return f_out.c_str();
-  return finish_out(vx::proj4_text::int2str(f_value));
+  return finish_out(Tvx_str_func::int2str(f_value));
 }
 
 void Tvx_proj4_param_int::val_from_str(const char* text) {
-  f_def = vx::proj4_text::str2int(text ? text : "", f_value);
+  f_def = Tvx_str_func::str2int(text ? text : "", f_value);
 }
 
 // ---- bool ----
@@ -164,10 +161,11 @@ const char* Tvx_proj4_param_towgs84::get_out_str() {
 // Each place takes the number standing there; a missing or unreadable place is 0.
 void Tvx_proj4_param_towgs84::val_from_str(const char* text) {
   f_def = true;
-  const std::vector<std::string> parts = vx::proj4_text::divide(text ? text : "", ",");
+  Tvx_str_vec parts;
+  Tvx_str_func::divide(text ? text : "", ",", &parts);
   for (unsigned i = 0; i < COUNT; ++i) {
     double v = 0.0;
-    if (i >= parts.size() || !vx::proj4_text::str2dbl(parts[i].c_str(), v)) v = 0.0;
+    if (i >= parts.get_size() || !Tvx_str_func::str2dbl(parts.get(i), v)) v = 0.0;
     f_value[i] = v;
   }
 }

@@ -1,10 +1,10 @@
 #include "proj4/proj4_str.h"
 
 #include <cmath>
-#include <utility>
-#include <vector>
 
-#include "proj4/proj4_text.h"
+#include "support/prp_val.h"
+#include "support/str_func.h"
+#include "support/text_case.h"
 
 namespace {
 
@@ -15,45 +15,32 @@ constexpr const char* kLonWrap = "+lon_wrap=45 ";
 constexpr const char* kNoDefs = "+no_defs";
 
 template <class T>
-T* make_param(const char* name, const char* other_name = nullptr) {
-  T* p = new T;
+std::unique_ptr<T> make_param(const char* name, const char* other_name = nullptr) {
+  auto p = std::make_unique<T>();
   p->set_name(name);
   if (other_name) p->add_other_name(other_name);
   return p;
 }
 
-using piece_list = std::vector<std::pair<std::string, std::string>>;
-
 // The pieces of a PROJ string as name and value: the text is cut at every plus sign, and each piece at
 // its first equals sign, both halves trimmed.
-piece_list split_pieces(const std::string& text) {
-  piece_list pieces;
-  for (const std::string& piece : vx::proj4_text::divide(text, "+")) {
-    size_t eq = piece.find('=');
-    std::string name = piece.substr(0, eq);
-    std::string value = eq == std::string::npos ? std::string() : piece.substr(eq + 1);
-    pieces.emplace_back(vx::proj4_text::trim(name), vx::proj4_text::trim(value));
-  }
-  return pieces;
+void split_pieces(const std::string& text, Tvx_prp_val_vec* pairs) {
+  Tvx_str_vec pieces;
+  Tvx_str_func::divide(text.c_str(), "+", &pieces);
+  pairs->set_size(pieces.get_size());
+  for (unsigned i = 0; i < pieces.get_size(); ++i) pairs->get(i)->divide_str(pieces.get(i), '=');
 }
 
-// The value of the first piece named `name`, ignoring case; null when there is none.
-const std::string* find_piece(const piece_list& pieces, const std::string& name) {
-  for (const auto& piece : pieces)
-    if (vx::proj4_text::stricmp(piece.first.c_str(), name.c_str()) == 0) return &piece.second;
-  return nullptr;
-}
-
-// The value for a parameter under its own name, or else under its other names in order.
-const std::string* find_value(const piece_list& pieces, const Tvx_proj4_param* p) {
-  if (const std::string* v = find_piece(pieces, p->get_name())) return v;
+// The pair for a parameter under its own name, or else under its other names in order.
+const Tvx_prp_val* find_value(const Tvx_prp_val_vec& pairs, const Tvx_proj4_param* p) {
+  if (const Tvx_prp_val* v = pairs.find_by_name(p->get_name())) return v;
   for (unsigned i = 0; i < p->get_other_names_count(); ++i)
-    if (const std::string* v = find_piece(pieces, p->get_other_name(i))) return v;
+    if (const Tvx_prp_val* v = pairs.find_by_name(p->get_other_name(i).c_str())) return v;
   return nullptr;
 }
 
 bool str_is(const Tvx_proj4_param_str* p, const char* value) {
-  return p->get_def() && vx::proj4_text::stricmp(p->get_str(), value) == 0;
+  return p->get_def() && vx::text::ansi_compare_nocase(p->get_str(), value) == 0;
 }
 
 }  // namespace
@@ -80,39 +67,17 @@ Tvx_proj4_str::Tvx_proj4_str()
       f_towgs84(make_param<Tvx_proj4_param_towgs84>("towgs84")),
       f_zone(make_param<Tvx_proj4_param_int>("zone")),
       f_nadgrids(make_param<Tvx_proj4_param_str>("nadgrids")),
-      f_params{f_proj,    f_zone,   f_lon_0, f_lonc,  f_lat_0, f_x_0,   f_y_0,
-               f_lat_1,   f_lat_ts, f_lat_2, f_south, f_k_0,   f_alpha, f_datum,
-               f_towgs84, f_a,      f_b,     f_rf,    f_ellps, f_units, f_nadgrids} {}
-
-Tvx_proj4_str::~Tvx_proj4_str() {
-  delete f_proj;
-  delete f_datum;
-  delete f_ellps;
-  delete f_units;
-  delete f_lon_0;
-  delete f_lonc;
-  delete f_lat_0;
-  delete f_x_0;
-  delete f_y_0;
-  delete f_lat_1;
-  delete f_lat_ts;
-  delete f_lat_2;
-  delete f_k_0;
-  delete f_alpha;
-  delete f_a;
-  delete f_b;
-  delete f_rf;
-  delete f_south;
-  delete f_towgs84;
-  delete f_zone;
-  delete f_nadgrids;
-}
+      f_params{f_proj.get(),  f_zone.get(),  f_lon_0.get(),   f_lonc.get(),  f_lat_0.get(), f_x_0.get(),
+               f_y_0.get(),   f_lat_1.get(), f_lat_ts.get(),  f_lat_2.get(), f_south.get(), f_k_0.get(),
+               f_alpha.get(), f_datum.get(), f_towgs84.get(), f_a.get(),     f_b.get(),     f_rf.get(),
+               f_ellps.get(), f_units.get(), f_nadgrids.get()} {}
 
 void Tvx_proj4_str::decompose() {
-  const piece_list pieces = split_pieces(f_text);
+  Tvx_prp_val_vec pairs;
+  split_pieces(f_text, &pairs);
   for (Tvx_proj4_param* p : f_params) {
-    if (const std::string* value = find_value(pieces, p))
-      p->val_from_str(value->c_str());
+    if (const Tvx_prp_val* pair = find_value(pairs, p))
+      p->val_from_str(pair->get_val());
     else
       p->set_def(false);
   }
@@ -137,10 +102,10 @@ void Tvx_proj4_str::compose_text(bool for_proj4) {
 }
 
 bool Tvx_proj4_str::append_param(Tvx_proj4_param* p, bool sphere, bool for_proj4) {
-  if (sphere && p == f_towgs84) return false;
-  if (sphere && for_proj4 && (p == f_b || p == f_rf)) return false;
+  if (sphere && p == f_towgs84.get()) return false;
+  if (sphere && for_proj4 && (p == f_b.get() || p == f_rf.get())) return false;
   if (!p->get_def()) return false;
-  if (sphere && for_proj4 && p == f_a)
+  if (sphere && for_proj4 && p == f_a.get())
     f_text += "+R=" + Tvx_proj4_traits::dbl2str(f_a->get_dbl()) + " ";
   else
     f_text += p->get_out_str();
@@ -152,7 +117,7 @@ void Tvx_proj4_str::set_all_undefined() {
 }
 
 bool Tvx_proj4_str::is_sphere() const {
-  if (str_is(f_ellps, "sphere")) return true;
+  if (str_is(f_ellps.get(), "sphere")) return true;
   if (f_a->get_def() && f_b->get_def() && std::fabs(f_a->get_dbl() - f_b->get_dbl()) < kSphereTolerance)
     return true;
   return f_a->get_def() && f_rf->get_def() && std::fabs(f_rf->get_dbl()) < kSphereTolerance;
@@ -165,23 +130,26 @@ bool Tvx_proj4_str::is_valid() const {
 }
 
 bool Tvx_proj4_str::equal(const Tvx_proj4_str* o) const {
-  return f_proj->equal(o->f_proj) && f_datum->equal(o->f_datum) && f_ellps->equal(o->f_ellps) &&
-         f_units->equal(o->f_units) && f_lon_0->equal(o->f_lon_0) && f_lonc->equal(o->f_lonc) &&
-         f_lat_0->equal(o->f_lat_0) && f_x_0->equal(o->f_x_0) && f_y_0->equal(o->f_y_0) &&
-         f_lat_1->equal(o->f_lat_1) && f_lat_ts->equal(o->f_lat_ts) && f_lat_2->equal(o->f_lat_2) &&
-         f_k_0->equal(o->f_k_0) && f_alpha->equal(o->f_alpha) && f_a->equal(o->f_a) && f_b->equal(o->f_b) &&
-         f_rf->equal(o->f_rf) && f_south->equal(o->f_south) && f_towgs84->equal(o->f_towgs84) &&
-         f_zone->equal(o->f_zone);
+  return f_proj->equal(o->f_proj.get()) && f_datum->equal(o->f_datum.get()) &&
+         f_ellps->equal(o->f_ellps.get()) && f_units->equal(o->f_units.get()) &&
+         f_lon_0->equal(o->f_lon_0.get()) && f_lonc->equal(o->f_lonc.get()) &&
+         f_lat_0->equal(o->f_lat_0.get()) && f_x_0->equal(o->f_x_0.get()) && f_y_0->equal(o->f_y_0.get()) &&
+         f_lat_1->equal(o->f_lat_1.get()) && f_lat_ts->equal(o->f_lat_ts.get()) &&
+         f_lat_2->equal(o->f_lat_2.get()) && f_k_0->equal(o->f_k_0.get()) &&
+         f_alpha->equal(o->f_alpha.get()) && f_a->equal(o->f_a.get()) && f_b->equal(o->f_b.get()) &&
+         f_rf->equal(o->f_rf.get()) && f_south->equal(o->f_south.get()) &&
+         f_towgs84->equal(o->f_towgs84.get()) && f_zone->equal(o->f_zone.get());
 }
 
 bool Tvx_proj4_str::get_is_long_lat() const {
-  return str_is(f_proj, "longlat") || str_is(f_proj, "latlong");
+  return str_is(f_proj.get(), "longlat") || str_is(f_proj.get(), "latlong");
 }
 
 void Tvx_proj4_str::set_is_long_lat() {
   f_proj->set_str("longlat");
   f_proj->set_def(true);
-  Tvx_proj4_param* projected[] = {f_zone,   f_lon_0, f_lonc,  f_lat_0, f_x_0,   f_y_0,  f_lat_1,
-                                  f_lat_ts, f_lat_2, f_south, f_k_0,   f_alpha, f_units};
+  Tvx_proj4_param* projected[] = {f_zone.get(), f_lon_0.get(), f_lonc.get(),   f_lat_0.get(), f_x_0.get(),
+                                  f_y_0.get(),  f_lat_1.get(), f_lat_ts.get(), f_lat_2.get(), f_south.get(),
+                                  f_k_0.get(),  f_alpha.get(), f_units.get()};
   for (Tvx_proj4_param* p : projected) p->set_def(false);
 }

@@ -6,6 +6,7 @@
 // describes a sphere, and compares two texts parameter by parameter.
 #pragma once
 
+#include <memory>
 #include <string>
 
 #include "proj4/proj4_param.h"
@@ -15,7 +16,6 @@ class Tvx_proj4_str {
   static constexpr unsigned PARAM_COUNT = 21;
 
   Tvx_proj4_str();
-  ~Tvx_proj4_str();
   Tvx_proj4_str(const Tvx_proj4_str&) = delete;
   Tvx_proj4_str& operator=(const Tvx_proj4_str&) = delete;
 
@@ -43,28 +43,28 @@ class Tvx_proj4_str {
   bool get_is_lon_wrap() const { return f_is_lon_wrap; }
   void set_is_lon_wrap(bool value) { f_is_lon_wrap = value; }
 
-  Tvx_proj4_param_str* get_proj() const { return f_proj; }
-  Tvx_proj4_param_int* get_zone() const { return f_zone; }
-  Tvx_proj4_param_dbl* get_lon_0() const { return f_lon_0; }
-  Tvx_proj4_param_dbl* get_lonc() const { return f_lonc; }
-  Tvx_proj4_param_dbl* get_lat_0() const { return f_lat_0; }
-  Tvx_proj4_param_dbl* get_x_0() const { return f_x_0; }
-  Tvx_proj4_param_dbl* get_y_0() const { return f_y_0; }
-  Tvx_proj4_param_dbl* get_lat_1() const { return f_lat_1; }
-  Tvx_proj4_param_dbl* get_lat_ts() const { return f_lat_ts; }
-  Tvx_proj4_param_dbl* get_lat_2() const { return f_lat_2; }
-  Tvx_proj4_param_bool* get_south() const { return f_south; }
-  Tvx_proj4_param_dbl* get_k_0() const { return f_k_0; }
-  Tvx_proj4_param_dbl* get_k() const { return f_k_0; }
-  Tvx_proj4_param_dbl* get_alpha() const { return f_alpha; }
-  Tvx_proj4_param_str* get_datum() const { return f_datum; }
-  Tvx_proj4_param_towgs84* get_towgs84() const { return f_towgs84; }
-  Tvx_proj4_param_dbl* get_a() const { return f_a; }
-  Tvx_proj4_param_dbl* get_b() const { return f_b; }
-  Tvx_proj4_param_dbl* get_rf() const { return f_rf; }
-  Tvx_proj4_param_str* get_ellipse() const { return f_ellps; }
-  Tvx_proj4_param_str* get_units() const { return f_units; }
-  Tvx_proj4_param_str* get_nadgrids() const { return f_nadgrids; }
+  Tvx_proj4_param_str* get_proj() const { return f_proj.get(); }
+  Tvx_proj4_param_int* get_zone() const { return f_zone.get(); }
+  Tvx_proj4_param_dbl* get_lon_0() const { return f_lon_0.get(); }
+  Tvx_proj4_param_dbl* get_lonc() const { return f_lonc.get(); }
+  Tvx_proj4_param_dbl* get_lat_0() const { return f_lat_0.get(); }
+  Tvx_proj4_param_dbl* get_x_0() const { return f_x_0.get(); }
+  Tvx_proj4_param_dbl* get_y_0() const { return f_y_0.get(); }
+  Tvx_proj4_param_dbl* get_lat_1() const { return f_lat_1.get(); }
+  Tvx_proj4_param_dbl* get_lat_ts() const { return f_lat_ts.get(); }
+  Tvx_proj4_param_dbl* get_lat_2() const { return f_lat_2.get(); }
+  Tvx_proj4_param_bool* get_south() const { return f_south.get(); }
+  Tvx_proj4_param_dbl* get_k_0() const { return f_k_0.get(); }
+  Tvx_proj4_param_dbl* get_k() const { return f_k_0.get(); }
+  Tvx_proj4_param_dbl* get_alpha() const { return f_alpha.get(); }
+  Tvx_proj4_param_str* get_datum() const { return f_datum.get(); }
+  Tvx_proj4_param_towgs84* get_towgs84() const { return f_towgs84.get(); }
+  Tvx_proj4_param_dbl* get_a() const { return f_a.get(); }
+  Tvx_proj4_param_dbl* get_b() const { return f_b.get(); }
+  Tvx_proj4_param_dbl* get_rf() const { return f_rf.get(); }
+  Tvx_proj4_param_str* get_ellipse() const { return f_ellps.get(); }
+  Tvx_proj4_param_str* get_units() const { return f_units.get(); }
+  Tvx_proj4_param_str* get_nadgrids() const { return f_nadgrids.get(); }
 
  private:
   void compose_text(bool for_proj4);
@@ -73,27 +73,27 @@ class Tvx_proj4_str {
   bool append_param(Tvx_proj4_param* p, bool sphere, bool for_proj4);
 
   std::string f_text;
-  Tvx_proj4_param_str* f_proj;
-  Tvx_proj4_param_str* f_datum;
-  Tvx_proj4_param_str* f_ellps;
-  Tvx_proj4_param_str* f_units;
-  Tvx_proj4_param_dbl* f_lon_0;
-  Tvx_proj4_param_dbl* f_lonc;
-  Tvx_proj4_param_dbl* f_lat_0;
-  Tvx_proj4_param_dbl* f_x_0;
-  Tvx_proj4_param_dbl* f_y_0;
-  Tvx_proj4_param_dbl* f_lat_1;
-  Tvx_proj4_param_dbl* f_lat_ts;
-  Tvx_proj4_param_dbl* f_lat_2;
-  Tvx_proj4_param_dbl* f_k_0;
-  Tvx_proj4_param_dbl* f_alpha;
-  Tvx_proj4_param_dbl* f_a;
-  Tvx_proj4_param_dbl* f_b;
-  Tvx_proj4_param_dbl* f_rf;
-  Tvx_proj4_param_bool* f_south;
-  Tvx_proj4_param_towgs84* f_towgs84;
-  Tvx_proj4_param_int* f_zone;
-  Tvx_proj4_param_str* f_nadgrids;
+  std::unique_ptr<Tvx_proj4_param_str> f_proj;
+  std::unique_ptr<Tvx_proj4_param_str> f_datum;
+  std::unique_ptr<Tvx_proj4_param_str> f_ellps;
+  std::unique_ptr<Tvx_proj4_param_str> f_units;
+  std::unique_ptr<Tvx_proj4_param_dbl> f_lon_0;
+  std::unique_ptr<Tvx_proj4_param_dbl> f_lonc;
+  std::unique_ptr<Tvx_proj4_param_dbl> f_lat_0;
+  std::unique_ptr<Tvx_proj4_param_dbl> f_x_0;
+  std::unique_ptr<Tvx_proj4_param_dbl> f_y_0;
+  std::unique_ptr<Tvx_proj4_param_dbl> f_lat_1;
+  std::unique_ptr<Tvx_proj4_param_dbl> f_lat_ts;
+  std::unique_ptr<Tvx_proj4_param_dbl> f_lat_2;
+  std::unique_ptr<Tvx_proj4_param_dbl> f_k_0;
+  std::unique_ptr<Tvx_proj4_param_dbl> f_alpha;
+  std::unique_ptr<Tvx_proj4_param_dbl> f_a;
+  std::unique_ptr<Tvx_proj4_param_dbl> f_b;
+  std::unique_ptr<Tvx_proj4_param_dbl> f_rf;
+  std::unique_ptr<Tvx_proj4_param_bool> f_south;
+  std::unique_ptr<Tvx_proj4_param_towgs84> f_towgs84;
+  std::unique_ptr<Tvx_proj4_param_int> f_zone;
+  std::unique_ptr<Tvx_proj4_param_str> f_nadgrids;
   // The same parameters in the order of parsing and composing.
   Tvx_proj4_param* f_params[PARAM_COUNT];
   bool f_is_lon_wrap = true;

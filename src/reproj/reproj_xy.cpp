@@ -19,13 +19,9 @@ std::string narrow_text(const wchar_t* text) {
 
 }  // namespace
 
-Tvx_reproj_xy::Tvx_reproj_xy() : f_exec(new Tvx_reproj_xy_exec) {
+Tvx_reproj_xy::Tvx_reproj_xy() : f_exec(std::make_unique<Tvx_reproj_xy_exec>()) {
   vx_matrix3x3_init_single(f_affine_before);
   vx_matrix3x3_init_single(f_affine_after);
-}
-
-Tvx_reproj_xy::~Tvx_reproj_xy() {
-  delete f_exec;
 }
 
 void Tvx_reproj_xy::delete_obj(Tvx_reproj_xy** p) {

@@ -1,6 +1,7 @@
 // Point reprojection with an optional affine step before and after the PROJ transformation.
 #pragma once
 
+#include <memory>
 #include <string>
 
 #include "reproj/matrix3x3.h"
@@ -10,7 +11,6 @@
 class Tvx_reproj_xy {
  public:
   Tvx_reproj_xy();
-  ~Tvx_reproj_xy();
   Tvx_reproj_xy(const Tvx_reproj_xy&) = delete;
   Tvx_reproj_xy& operator=(const Tvx_reproj_xy&) = delete;
 
@@ -56,7 +56,7 @@ class Tvx_reproj_xy {
   void set_affine_after(const Tvx_matrix3x3& m) { f_affine_after = m; }
 
  private:
-  Tvx_reproj_xy_exec* f_exec;
+  std::unique_ptr<Tvx_reproj_xy_exec> f_exec;
   Tvx_matrix3x3 f_affine_before;
   Tvx_matrix3x3 f_affine_after;
   bool f_use_reproj = true;

@@ -531,6 +531,13 @@ TEST(Pp2dInclude, DegenerateRingIncludesOnlyItsLine) {
   EXPECT_FALSE(kDegenerate.include(3, 0));
 }
 
+TEST(Pp2dInclude, OutAndBackRingIncludesOnlyItsLine) {
+  EXPECT_TRUE(kOutAndBack.include(1.5, 2));  // both edges cross y = 2 at x = 1.5
+  EXPECT_FALSE(kOutAndBack.include(2, 2));   // two crossings to the left: even
+  EXPECT_FALSE(kOutAndBack.include(1, 2));
+  EXPECT_TRUE(kOutAndBack.include(0, 0));  // lower end of both edges
+}
+
 TEST(Pp2dInclude, TriangleInsideAndOnTheHypotenuse) {
   EXPECT_TRUE(kTriangleCw.include(1, 1));
   EXPECT_TRUE(kTriangleCw.include(2, 1.5));  // on the edge (0,3)-(4,0)

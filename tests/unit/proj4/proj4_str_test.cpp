@@ -102,6 +102,14 @@ TEST(Proj4Str, ParseComposeParseLosesNothingFurther) {
   }
 }
 
+TEST(Proj4Str, ExponentPlusIsCutOnTheNextParse) {
+  // Twelve significant digits write 1e12 as "1e+12"; the plus sign of the exponent splits the text
+  // when it is parsed again, like any plus sign in a value. Real PROJ values stay far below.
+  const std::string once = composed("+proj=tmerc +x_0=1000000000000");
+  EXPECT_EQ(once, "+proj=tmerc +x_0=1e+12 +lon_wrap=45 +no_defs");
+  EXPECT_EQ(composed(once.c_str()), "+proj=tmerc +x_0=1 +lon_wrap=45 +no_defs");
+}
+
 TEST(Proj4Str, SphereRadiusGoesToProjAsR) {
   EXPECT_EQ(for_proj4("+R=6371000 +proj=longlat"), "+proj=longlat +R=6371000 +lon_wrap=45 +no_defs");
 }

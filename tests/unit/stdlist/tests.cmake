@@ -1,0 +1,4 @@
+# The vxk sheet command, run as a user runs it.
+add_test(NAME stdlist.vxk_sheet
+  COMMAND ${Python3_EXECUTABLE} ${CMAKE_CURRENT_SOURCE_DIR}/unit/stdlist/vxk_sheet_check.py)
+set_tests_properties(stdlist.vxk_sheet PROPERTIES ENVIRONMENT "${VXK_TEST_ENV}")
