@@ -330,6 +330,9 @@ VX_API bool vx_text_data_set_count(Tvx_text_data* text, unsigned count);
 VX_API bool vx_text_data_add_point(Tvx_text_data* text, Tvx_vtx_d2 point);
 VX_API Tvx_vtx_d2 vx_text_data_get_point(const Tvx_text_data* text, unsigned index);
 VX_API void vx_text_data_set_point(Tvx_text_data* text, Tvx_vtx_d2 point, unsigned index);
+/* Number of sizes (and deltas) the label holds: its point count for type 2 with more than one point,
+ * 1 otherwise. */
+VX_API unsigned vx_text_data_get_size_count(const Tvx_text_data* text);
 VX_API double vx_text_data_get_size(const Tvx_text_data* text, unsigned index);
 VX_API double vx_text_data_get_delta_x(const Tvx_text_data* text, unsigned index);
 VX_API double vx_text_data_get_delta_y(const Tvx_text_data* text, unsigned index);
@@ -391,6 +394,25 @@ VX_API bool vx_tld_file_write_all(Tvx_tld_file* file, const Tvx_text_list_base* 
  * next call on the handle. */
 VX_API const wchar_t* vx_tld_file_get_error(const Tvx_tld_file* file);
 VX_API void vx_tld_file_close(Tvx_tld_file* file);
+
+/* Reprojection of labels between two projection texts (PROJ strings, not paths): the points, the
+ * callout end points, and the sizes and deltas, multiplied by one length factor k taken at the origin
+ * of the source system (the length of the image of the diagonal from (0, 0) to (1, 1), divided by the
+ * root of 2; 1 when that diagonal cannot be transformed). A type 2 label has its sizes and deltas
+ * rescaled at every point, any other type at index 0 only. The deltas keep their direction. A point
+ * that cannot be transformed keeps its source position and does not fail the call. */
+
+/* The list is changed in place; false, with the list untouched, when the transformation cannot be
+ * built. */
+VX_API bool vx_proj4_text_list_w(Tvx_text_list_base* list, const wchar_t* src_proj, const wchar_t* dst_proj);
+/* A TLD file to another (they may be the same file). False when a file cannot be opened, or when the
+ * transformation cannot be built: the destination then still receives the source's labels unchanged. */
+VX_API bool vx_proj4_tld_w(const wchar_t* src_file, const wchar_t* src_proj, const wchar_t* dst_file,
+                           const wchar_t* dst_proj);
+/* The same with UTF-8 texts. */
+VX_API bool vx_proj4_tld(const char* src_file, const char* src_proj, const char* dst_file, const char* dst_proj);
+/* Reserved; does nothing and always gives false. */
+VX_API bool vx_proj4_xsp(const char* src_file, const char* src_proj, const char* dst_file, const char* dst_proj);
 
 
 

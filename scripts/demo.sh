@@ -11,13 +11,23 @@ show() {
   echo
 }
 
-echo "== Sheets at 1:1,000,000: designation, scale, type, validity and middle meridian"
+echo "== Map sheets at every scale: designation, scale, type, validity and middle meridian"
 echo
 show N-37
-show --type 2 N-37
 show --type 4 N-59
+show --type 2 N-37-Б
+show --type 3 N-37-VI
+show --type 2 N-37-12
+show --type 4 N-37-11-Б
+show --type 4 N-37-12-Б-а
+show N-37-12-Б-в-4
 show --south --type 2 S-60
-show A-1
+
+echo "== Neighbours of 1:200,000 sheets"
+echo
+show --neighbours N-37-VI
+show --neighbours --type 2 N-60-V
+show --neighbours --south A-37-III
 
 echo "== Lists of legal values of every level"
 echo

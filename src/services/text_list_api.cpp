@@ -91,6 +91,10 @@ VX_API void vx_text_data_set_point(Tvx_text_data* text, Tvx_vtx_d2 point, unsign
   text->set_point(index, point);
 }
 
+VX_API unsigned vx_text_data_get_size_count(const Tvx_text_data* text) {
+  return static_cast<unsigned>(text->metrics().size());
+}
+
 VX_API double vx_text_data_get_size(const Tvx_text_data* text, unsigned index) {
   return text->get_metric(index).size;
 }

@@ -105,7 +105,7 @@ void Tvx_str_vec::set_size(unsigned count) {
 }
 
 void Tvx_str_vec::set(unsigned index, const char* text) {
-  f_items[index] = text ? text : "";
+  if (index < f_items.size()) f_items[index] = text ? text : "";
 }
 
 void Tvx_str_vec::add(const char* text) {
@@ -113,6 +113,6 @@ void Tvx_str_vec::add(const char* text) {
 }
 
 const char* Tvx_str_vec::get(unsigned index) {
-  f_scratch = f_items[index];
+  f_scratch = index < f_items.size() ? f_items[index] : std::string();
   return f_scratch.c_str();
 }

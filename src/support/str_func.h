@@ -41,9 +41,9 @@ class Tvx_str_vec {
   void assign(const Tvx_str_vec& other);
   unsigned get_size() const;
   void set_size(unsigned count);
-  void set(unsigned index, const char* text);
+  void set(unsigned index, const char* text);  // ignored past the end
   void add(const char* text);
-  // Copies the item into the scratch string and returns its characters. The index is not checked.
+  // Copies the item into the scratch string and returns its characters ("" past the end).
   const char* get(unsigned index);
 
  private:

@@ -27,6 +27,10 @@ void print_usage(std::FILE* out) {
   std::sort(cmds.begin(), cmds.end(),
             [](const vxk::command& a, const vxk::command& b) { return std::strcmp(a.name, b.name) < 0; });
   for (const auto& c : cmds) std::fprintf(out, "  %-12s %s\n", c.name, c.summary);
+  std::fprintf(out,
+               "\nexamples:\n"
+               "  vxk sheet N-37-VI                   designation, scale, type and middle meridian\n"
+               "  vxk sheet --neighbours N-37-VI      the four neighbours of a 1:200,000 sheet\n");
   std::fprintf(out, "\nRun 'vxk COMMAND --help' for the options and examples of a command.\n");
 }
 

@@ -1,5 +1,6 @@
 // vxk sheet: parse a map sheet designation, print what the library makes of it, and list the legal
 // values of every level. Everything goes through the public header.
+#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <cwchar>
@@ -14,6 +15,7 @@ namespace {
 
 const char* const kUsage =
     "usage: vxk sheet [--south] [--type N] DESIGNATION\n"
+    "       vxk sheet [--south] [--type N] --neighbours DESIGNATION\n"
     "       vxk sheet --lists\n"
     "\n"
     "Parses the designation of a single map sheet, at any scale from 1:1,000,000 to 1:10,000,\n"
@@ -24,6 +26,8 @@ const char* const kUsage =
     "  --south     the sheet lies in the southern hemisphere (the default is north)\n"
     "  --type N    join N sheets in one row: 1 single, 2 double, 3 triple, 4 quadruple;\n"
     "              the designation names the first (westernmost) sheet\n"
+    "  --neighbours  print the designations of the four neighbours of a 1:200,000 sheet\n"
+    "              (left, right, upper, lower), of the same type as the sheet\n"
     "  --lists     print every list of legal values, level by level\n"
     "  --help      this text\n"
     "\n"
@@ -41,6 +45,8 @@ const char* const kUsage =
     "  vxk sheet N-37-VI\n"
     "  vxk sheet --type 2 N-37-VI        prints N-37-VI,38-I\n"
     "  vxk sheet --south --type 4 S-60   a quadruple across the date line\n"
+    "  vxk sheet --neighbours N-37-VI    left N-37-V, right N-38-I, upper O-37-XXXVI, ...\n"
+    "  vxk sheet --neighbours --type 2 N-37-I\n"
     "  vxk sheet --lists\n";
 
 // A record owned for the length of the command.
@@ -177,6 +183,7 @@ Tvx_stdlist_scale parse_designation(const std::wstring& text, Tvx_stdlist_string
 struct options {
   bool south = false;
   bool lists = false;
+  bool neighbours = false;
   bool help = false;
   Tvx_stdlist_type type = VX_STDLIST_TP_SGL;
   std::vector<std::string> designations;
@@ -192,6 +199,8 @@ options parse_options(const std::vector<std::string>& args) {
       o.south = true;
     } else if (a == "--lists") {
       o.lists = true;
+    } else if (a == "--neighbours" || a == "--neighbors") {
+      o.neighbours = true;
     } else if (a == "--type") {
       fail_if(i + 1 >= args.size(), "--type needs a value from 1 to 4");
       const std::string& v = args[++i];
@@ -252,13 +261,93 @@ void print_lists() {
   print_list("1:10000:", vx_stdlist_fetch_10_numbers);
 }
 
+// ---- neighbours of a 1:200,000 sheet ----------------------------------------------------------------
+// The four sheets around a 1:200,000 sheet, moved with the same rules as the sheet generator's: a
+// joined sheet's neighbour west or east is a sheet of the same type starting `type` columns over;
+// across the top or bottom row the band letter steps away from or toward the equator (letters count
+// away from the equator in both hemispheres, so the equator itself is never crossed and band "A" sits
+// next to "A"), and past the last band the letters wrap to "A" (in the north "U" already steps to "A").
+
+constexpr std::uint64_t kRow = 6, kRomans = 36, kColumns = 60;
+constexpr long long kBands = 22;
+
+struct position {
+  Tvx_stdlist_hemisphere hemisphere;
+  std::uint64_t letter, number, roman;
+  Tvx_stdlist_type type;
+};
+
+// One column along the row of 6 numerals, wrapping inside the row.
+std::uint64_t roman_step(std::uint64_t roman, int dir) {
+  const std::uint64_t first = (roman - 1) / kRow * kRow;
+  return first + ((roman - 1 - first) + kRow + dir) % kRow + 1;
+}
+
+std::uint64_t column_step(std::uint64_t number, int dir) {
+  return (number - 1 + kColumns + dir) % kColumns + 1;
+}
+
+std::uint64_t band_step(Tvx_stdlist_hemisphere hemisphere, std::uint64_t letter, int dir) {
+  const auto wrap = [](long long v) { return static_cast<std::uint64_t>(((v % kBands) + kBands) % kBands); };
+  if (hemisphere == VX_STDLIST_NORTH) {
+    const std::uint64_t x = wrap(static_cast<long long>(letter) + dir);
+    return x == 0 ? 1 : x;
+  }
+  if (static_cast<long long>(letter) == dir) return 1;
+  const std::uint64_t x = wrap(static_cast<long long>(letter) - dir);
+  return x == 0 ? static_cast<std::uint64_t>(kBands) : x;
+}
+
+// A sheet of `type` columns starting at `roman`, moved one sheet west (-1) or east (+1).
+position sideways(position p, int dir) {
+  const std::uint64_t start = p.roman;
+  bool crossed = false;
+  for (int k = 0; k < p.type; ++k) {
+    // The columns of the sheet, walked from its first one toward the side it moves to.
+    crossed = crossed || (dir < 0 ? (start - 1 - k) % kRow == 0 : (start + k) % kRow == 0);
+    p.roman = roman_step(p.roman, dir);
+  }
+  if (crossed) p.number = column_step(p.number, dir);
+  return p;
+}
+
+position vertically(position p, int dir) {
+  const bool leaves = dir > 0 ? p.roman <= kRow : p.roman > kRomans - kRow;
+  if (leaves) p.letter = band_step(p.hemisphere, p.letter, dir);
+  p.roman = (p.roman + kRomans - kRow * dir - 1) % kRomans + 1;
+  return p;
+}
+
+std::wstring designation_at(const position& p) {
+  sheet_record sheet;
+  vx_stdlist_init(sheet.get(), VX_STDLIST_SC_200, p.type, p.hemisphere);
+  vx_stdlist_set_mln_letter_idx(sheet.get(), p.letter);
+  vx_stdlist_set_mln_number(sheet.get(), p.number);
+  vx_stdlist_set_200_roman_idx(sheet.get(), p.roman);
+  return designation_of(sheet.get());
+}
+
+void print_neighbours(const Tvx_stdlist_string* sheet) {
+  fail_if(vx_stdlist_get_scale(sheet) != VX_STDLIST_SC_200,
+          "neighbours are known for 1:200,000 sheets only, such as N-37-VI; this sheet is at " +
+              u8(vx_stdlist_scale_tostr(sheet)));
+  const position p{vx_stdlist_get_hemisphere(sheet), vx_stdlist_get_mln_letter_idx(sheet),
+                   vx_stdlist_get_mln_number(sheet), vx_stdlist_get_200_roman_idx(sheet),
+                   vx_stdlist_get_type(sheet)};
+  std::printf("sheet:  %s\n", u8(designation_of(sheet)).c_str());
+  std::printf("left:   %s\n", u8(designation_at(sideways(p, -1))).c_str());
+  std::printf("right:  %s\n", u8(designation_at(sideways(p, +1))).c_str());
+  std::printf("upper:  %s\n", u8(designation_at(vertically(p, +1))).c_str());
+  std::printf("lower:  %s\n", u8(designation_at(vertically(p, -1))).c_str());
+}
+
 int run(const options& o) {
   if (o.help) {
     std::fputs(kUsage, stdout);
     return 0;
   }
   if (o.lists) {
-    fail_if(!o.designations.empty(), "--lists takes no designation");
+    fail_if(!o.designations.empty() || o.neighbours, "--lists takes no designation");
     print_lists();
     return 0;
   }
@@ -266,7 +355,11 @@ int run(const options& o) {
   sheet_record sheet;
   const Tvx_stdlist_scale scale = parse_designation(vxk::utf8_to_wide(o.designations[0]), sheet.get());
   place_sheet(sheet.get(), scale, o);
-  print_sheet(sheet.get());
+  if (o.neighbours) {
+    print_neighbours(sheet.get());
+  } else {
+    print_sheet(sheet.get());
+  }
   return 0;
 }
 
@@ -281,4 +374,5 @@ int sheet_command(const std::vector<std::string>& args) {
 
 }  // namespace
 
-VXK_COMMAND("sheet", "designations of map sheets: parse, print, lists of legal values", sheet_command);
+VXK_COMMAND("sheet", "map sheet designations: parse and print, neighbours, lists of legal values",
+            sheet_command);

@@ -1,3 +1,8 @@
+# The vxk labels command, run as a user runs it, its numbers checked against cs2cs.
+add_test(NAME reproj.vxk_labels
+  COMMAND ${Python3_EXECUTABLE} ${CMAKE_CURRENT_LIST_DIR}/vxk_labels_check.py)
+set_tests_properties(reproj.vxk_labels PROPERTIES ENVIRONMENT "${VXK_TEST_ENV}")
+
 # Checks of shape file reprojection against GDAL (ogr2ogr, ogrinfo and GDAL's Python bindings).
 # GDAL's bindings come with the system's Python (python3-gdal), which need not be the first python3 on
 # the PATH, so the interpreter is chosen by whether it can import them.

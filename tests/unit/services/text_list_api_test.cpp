@@ -33,9 +33,11 @@ TEST(TextListApi, TypeOneHasItsSizeOnlyAtIndexZero) {
   Tvx_text_list_base* list = vx_text_list_create();
   Tvx_text_data* t = vx_text_list_add(list);
   vx_text_data_set_count(t, 5);
+  EXPECT_EQ(vx_text_data_get_size_count(t), 1u);
   vx_text_data_set_size(t, 4, 3);
   EXPECT_EQ(vx_text_data_get_size(t, 3), 0);
   vx_text_data_set_type(t, 2);
+  EXPECT_EQ(vx_text_data_get_size_count(t), 5u);
   vx_text_data_set_size(t, 4, 3);
   EXPECT_EQ(vx_text_data_get_size(t, 3), 4);
   vx_text_list_destroy(list);

@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "vxk_proj4_shp.h"
+#include "services/flat_types.h"
 
 namespace vxk_test {
 
@@ -73,6 +73,8 @@ inline void expect_same_lists(Tvx_text_list_base* a, Tvx_text_list_base* b) {
     }
     const unsigned metrics =
         vx_text_data_get_count(x) > 1 && vx_text_data_get_type(x) == 2 ? vx_text_data_get_count(x) : 1;
+    EXPECT_EQ(vx_text_data_get_size_count(x), metrics);
+    EXPECT_EQ(vx_text_data_get_size_count(y), metrics);
     for (unsigned j = 0; j < metrics; ++j) {
       EXPECT_EQ(vx_text_data_get_size(x, j), vx_text_data_get_size(y, j));
       EXPECT_EQ(vx_text_data_get_delta_x(x, j), vx_text_data_get_delta_x(y, j));

@@ -2,10 +2,12 @@
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <ostream>
 #include <string>
 #include <vector>
 
 #include "sink_rows.h"
+#include "support/ansi_code_page.h"
 #include "vxk_proj4_shp.h"
 
 namespace {
@@ -343,6 +345,10 @@ struct mln_cell {
   const wchar_t* text;
 };
 
+void PrintTo(const mln_cell& c, std::ostream* os) {
+  *os << vx::strconv::wide_to_utf8(c.text);
+}
+
 class StdlistMillionText : public ::testing::TestWithParam<mln_cell> {};
 
 TEST_P(StdlistMillionText, PrintsTheTableCell) {
@@ -611,6 +617,11 @@ sheet_ptr cell_sheet(const text_cell& c) {
     EXPECT_NE(vx_stdlist_set_10_number_str(s.get(), c.number10), 0u);
   }
   return s;
+}
+
+// Test names show the expected text rather than the bytes of the cell.
+void PrintTo(const text_cell& c, std::ostream* os) {
+  *os << vx::strconv::wide_to_utf8(c.text);
 }
 
 class StdlistTextAtEachScale : public ::testing::TestWithParam<text_cell> {};

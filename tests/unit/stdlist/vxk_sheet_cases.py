@@ -1,6 +1,18 @@
 """What `vxk sheet` must print for a designation, and what it must refuse."""
 
 SHEETS = [
+    (["N-37-А"], dict(designation="N-37-А", scale="1:500000", mid_meridian="39")),
+    (["--type", "4", "N-37-Б"], dict(designation="N-37-Б,38-А,Б,39-А", mid_meridian="39")),
+    (["N-37-VI"], dict(designation="N-37-VI", scale="1:200000")),
+    (["--type", "3", "T-60-VI"], dict(designation="T-60-VI,1-I,II", type="3 (Строенный лист)")),
+    (["N-37-12"], dict(designation="N-37-12", scale="1:100000")),
+    (["--type", "2", "N-37-144"], dict(designation="N-37-144,38-133")),
+    (["N-37-12-Б"], dict(designation="N-37-12-Б", scale="1:50000")),
+    (["--type", "4", "N-37-12-Г"], dict(designation="N-37-12-Г,38-1-В,Г,2-В")),
+    (["N-37-12-Б-в"], dict(designation="N-37-12-Б-в", scale="1:25000")),
+    (["--type", "4", "N-37-12-Б-а"], dict(designation="N-37-12-Б-а,б,38-1-А-а,б")),
+    (["N-37-12-Б-в-4"], dict(designation="-12-Б-в-4", scale="1:10000", valid="yes")),
+    (["--south", "N-37-12-Б-в-4"], dict(designation="-12-Б-в-4", hemisphere="S")),
     (["N-37"], dict(designation="N-37", scale="1:1000000", type="1 (Стандартный лист)", hemisphere="N",
                     valid="yes", mid_meridian="39")),
     (["--type", "2", "N-37"], dict(designation="N-37,38", type="2 (Сдвоенный лист)", mid_meridian="42")),
@@ -26,12 +38,24 @@ ERRORS = [
     (["--type", "7", "N-37"], ["--type takes 1 to 4"]),
     (["--type"], ["--type needs a value"]),
     (["--bogus", "N-37"], ["unknown option '--bogus'"]),
+    (["--neighbours", "N-37"], ["neighbours are known for 1:200,000 sheets only"]),
+    (["--neighbours", "N-37-12-Б"], ["neighbours are known for 1:200,000 sheets only"]),
+    (["--neighbours", "--type", "4", "N-37-VI"], ["type 4 is not available at 1:200000"]),
+    (["--lists", "--neighbours"], ["--lists takes no designation"]),
     ([], ["expected one designation"]),
     (["N-37", "N-38"], ["expected one designation"]),
     ([b"\xff\xfe-1"], ["is not a band letter"]),  # bytes that are not UTF-8
 ]
 
 OUTPUTS = [
+    (["--neighbours", "N-37-VI"], ["sheet:  N-37-VI\n", "left:   N-37-V\n", "right:  N-38-I\n",
+                                   "upper:  O-37-XXXVI\n", "lower:  N-37-XII\n"]),
+    (["--neighbours", "--type", "2", "N-37-I"], ["sheet:  N-37-I,II\n", "left:   N-36-V,VI\n",
+                                                 "right:  N-37-III,IV\n"]),
+    (["--neighbours", "N-60-VI"], ["right:  N-1-I\n"]),
+    (["--neighbours", "U-37-I"], ["upper:  A-37-XXXI\n"]),
+    (["--neighbours", "--south", "A-37-III"], ["upper:  A-37-XXXIII\n"]),
+    (["--neighbours", "N-37-XXXI"], ["lower:  M-37-I\n"]),
     (["--lists"], ["hemispheres:   N, S", "1:200000:      I, II, III", "XXXVI", "1:25000:       а, б, в, г",
                    "Счетверенный лист", '"", 1:1000000, 1:500000, 1:200000']),
     (["--help"], ["usage: vxk sheet", "--south", "--type N", "--lists", "examples:", "vxk sheet N-37-VI"]),

@@ -53,6 +53,9 @@ def main():
         expect(rc == 0, f"{args}: exit {rc}, stderr {err!r}")
         for text in checks:
             expect(text in out, f"{args}: output lacks {text!r}:\n{out}")
+    p = subprocess.run([VXK, "--help"], capture_output=True)
+    top = p.stdout.decode("utf-8")
+    expect(p.returncode == 0 and "sheet" in top and "vxk sheet N-37-VI" in top, f"vxk --help: {top!r}")
     for f in failures:
         print("FAILED:", f)
     print(f"{len(failures)} failure(s)")

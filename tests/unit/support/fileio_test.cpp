@@ -7,7 +7,7 @@
 #include <sstream>
 
 #include "support/ansi_code_page.h"
-#include "test_paths.h"
+#include "support_scratch.h"
 
 namespace {
 
@@ -23,14 +23,14 @@ std::string read(const stdfs::path& p) {
 }
 
 TEST(WriteAll, EmptyTextMakesAnEmptyFile) {
-  const stdfs::path root = vxk_test::scratch_dir("writeall_empty");
+  const stdfs::path root = support_test::scratch("writeall_empty");
   EXPECT_TRUE(writeall((root / "a.prj").wstring(), encodings::system, L""));
   ASSERT_TRUE(stdfs::exists(root / "a.prj"));
   EXPECT_EQ(stdfs::file_size(root / "a.prj"), 0u);
 }
 
 TEST(WriteAll, SecondWriteReplacesTheFile) {
-  const stdfs::path root = vxk_test::scratch_dir("writeall_replace");
+  const stdfs::path root = support_test::scratch("writeall_replace");
   const std::wstring path = (root / "a.prj").wstring();
   EXPECT_TRUE(writeall(path, encodings::system, L"a much longer first text"));
   EXPECT_TRUE(writeall(path, encodings::system, L"short"));
@@ -38,26 +38,26 @@ TEST(WriteAll, SecondWriteReplacesTheFile) {
 }
 
 TEST(WriteAll, CharacterOutsideTheCodePageStillGivesTrue) {
-  const stdfs::path root = vxk_test::scratch_dir("writeall_subst");
+  const stdfs::path root = support_test::scratch("writeall_subst");
   EXPECT_TRUE(writeall((root / "a.prj").wstring(), encodings::system, L"Лист \u4E2D"));
   EXPECT_EQ(read(root / "a.prj"), vx::strconv::wide_to_ansi(L"Лист ?"));
 }
 
 TEST(WriteAll, DirectoryAsPathGivesFalse) {
-  const stdfs::path root = vxk_test::scratch_dir("writeall_dir");
+  const stdfs::path root = support_test::scratch("writeall_dir");
   EXPECT_FALSE(writeall(root.wstring(), encodings::system, L"x"));
   EXPECT_FALSE(writeall((root / "no" / "such.prj").wstring(), encodings::system, L"x"));
 }
 
 TEST(WriteAll, BackslashPathLandsInTheFolder) {
-  const stdfs::path root = vxk_test::scratch_dir("writeall_backslash");
+  const stdfs::path root = support_test::scratch("writeall_backslash");
   stdfs::create_directories(root / "HYPS");
   EXPECT_TRUE(writeall(root.wstring() + L"\\HYPS\\Hypsa.prj", encodings::system, L"GEOGCS[\"x\"]"));
   EXPECT_EQ(read(root / "HYPS" / "Hypsa.prj"), "GEOGCS[\"x\"]");
 }
 
 TEST(WriteAll, EncodingsLineEndsAndNoByteOrderMark) {
-  const stdfs::path root = vxk_test::scratch_dir("writeall_enc");
+  const stdfs::path root = support_test::scratch("writeall_enc");
   const std::wstring text = L"Проекция\nline\r\n";
   EXPECT_TRUE(writeall((root / "u.txt").wstring(), encodings::utf8, text));
   EXPECT_EQ(vx::strconv::utf8_to_wide(read(root / "u.txt")), text);
@@ -68,7 +68,7 @@ TEST(WriteAll, EncodingsLineEndsAndNoByteOrderMark) {
 }
 
 TEST(FileioWin, OpenModes) {
-  const stdfs::path root = vxk_test::scratch_dir("fileio_modes");
+  const stdfs::path root = support_test::scratch("fileio_modes");
   const std::wstring path = root.wstring() + L"\\f.txt";
   vx::detail::fileio_win f;
   EXPECT_EQ(f.line_end(), "\r\n");
@@ -87,7 +87,7 @@ TEST(FileioWin, OpenModes) {
 }
 
 TEST(FileioWin, LargeWritesGoInBlocks) {
-  const stdfs::path root = vxk_test::scratch_dir("fileio_blocks");
+  const stdfs::path root = support_test::scratch("fileio_blocks");
   vx::detail::fileio_win f;
   ASSERT_TRUE(f.open((root / "b.bin").wstring(), L"w"));
   const std::string data(1000, 'z');

@@ -9,7 +9,7 @@
 #include <fstream>
 #include <sstream>
 
-#include "test_paths.h"
+#include "support_scratch.h"
 
 namespace {
 
@@ -38,7 +38,7 @@ TEST(PathGate, BackslashesBecomeSlashesAndTextBecomesUtf8) {
 }
 
 TEST(PathSystem, FileWrittenToABackslashPathLandsInFolders) {
-  const stdfs::path root = vxk_test::scratch_dir("fs_backslash");
+  const stdfs::path root = support_test::scratch("fs_backslash");
   const std::wstring dir = wide(root) + L"\\dir\\sub";
   ASSERT_TRUE(fs::make_path(dir));
   std::FILE* f = fs::open_file(dir + L"\\a.txt", "wb");
@@ -51,7 +51,7 @@ TEST(PathSystem, FileWrittenToABackslashPathLandsInFolders) {
 }
 
 TEST(PathSystem, OpenDescriptorGoesThroughTheGate) {
-  const stdfs::path root = vxk_test::scratch_dir("fs_fd");
+  const stdfs::path root = support_test::scratch("fs_fd");
   const int fd = fs::open_descriptor(wide(root) + L"\\b.bin", O_WRONLY | O_CREAT | O_TRUNC);
   ASSERT_GE(fd, 0);
   ASSERT_EQ(::write(fd, "xyz", 3), 3);
@@ -62,7 +62,7 @@ TEST(PathSystem, OpenDescriptorGoesThroughTheGate) {
 }
 
 TEST(PathSystem, AttributesOfFilesAndFolders) {
-  const stdfs::path root = vxk_test::scratch_dir("fs_attr");
+  const stdfs::path root = support_test::scratch("fs_attr");
   write(root / "Лист.shp", "12345");
   const std::wstring file = wide(root) + L"\\Лист.shp";
   EXPECT_TRUE(fs::path_exist(file));
@@ -80,7 +80,7 @@ TEST(PathSystem, AttributesOfFilesAndFolders) {
 }
 
 TEST(PathSystem, CopyMoveRemoveFiles) {
-  const stdfs::path root = vxk_test::scratch_dir("fs_copy");
+  const stdfs::path root = support_test::scratch("fs_copy");
   write(root / "a.dbf", "table");
   const std::wstring r = wide(root);
   EXPECT_TRUE(fs::copy_file(r + L"\\a.dbf", r + L"\\b.dbf", false));
@@ -102,7 +102,7 @@ TEST(PathSystem, CopyMoveRemoveFiles) {
 }
 
 TEST(PathSystem, FoldersOneLevelAllLevelsAndRecursive) {
-  const stdfs::path root = vxk_test::scratch_dir("fs_dirs");
+  const stdfs::path root = support_test::scratch("fs_dirs");
   const std::wstring r = wide(root);
   EXPECT_FALSE(fs::make_directory(r + L"\\x\\y"));
   EXPECT_TRUE(fs::make_directory(r + L"\\x"));
@@ -126,7 +126,7 @@ TEST(PathSystem, FoldersOneLevelAllLevelsAndRecursive) {
 }
 
 TEST(PathSystem, CopyDirectoryIntoItselfEnds) {
-  const stdfs::path root = vxk_test::scratch_dir("fs_self");
+  const stdfs::path root = support_test::scratch("fs_self");
   stdfs::create_directories(root / "a");
   write(root / "a" / "f", "1");
   EXPECT_TRUE(fs::copy_directory(wide(root / "a"), wide(root / "a" / "inner")));
@@ -134,7 +134,7 @@ TEST(PathSystem, CopyDirectoryIntoItselfEnds) {
 }
 
 TEST(PathSystem, FindByPatternWithoutRegardToCase) {
-  const stdfs::path root = vxk_test::scratch_dir("fs_find");
+  const stdfs::path root = support_test::scratch("fs_find");
   stdfs::create_directories(root / "HYPS");
   write(root / "HYPS" / "Hypsa.shp", "");
   write(root / "HYPS" / "Hypsa.dbf", "");
@@ -150,7 +150,7 @@ TEST(PathSystem, FindByPatternWithoutRegardToCase) {
 }
 
 TEST(PathSystem, UniqueNameCountsUp) {
-  const stdfs::path root = vxk_test::scratch_dir("fs_unique");
+  const stdfs::path root = support_test::scratch("fs_unique");
   const std::wstring a = wide(root) + L"\\a.shp";
   EXPECT_EQ(fs::transform(a).get_unique(), a);
   write(root / "a.shp", "");
@@ -171,7 +171,7 @@ TEST(PathSystem, EnvironmentQueries) {
 }
 
 TEST(PathSystem, TempFilenameMakesAFreshFile) {
-  const stdfs::path root = vxk_test::scratch_dir("fs_temp");
+  const stdfs::path root = support_test::scratch("fs_temp");
   const std::wstring a = fs::temp_filename(wide(root), L"vxkabc");
   const std::wstring b = fs::temp_filename(wide(root), L"vxk");
   ASSERT_FALSE(a.empty());

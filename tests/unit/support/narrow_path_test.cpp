@@ -7,7 +7,7 @@
 #include <sstream>
 #include <string>
 
-#include "test_paths.h"
+#include "support_scratch.h"
 
 namespace {
 
@@ -73,7 +73,7 @@ TEST(NarrowPath, TvxPathPieces) {
 }
 
 TEST(FileFunc, CanCreateNewAndCanRead) {
-  const stdfs::path root = vxk_test::scratch_dir("narrow_probe");
+  const stdfs::path root = support_test::scratch("narrow_probe");
   const std::string existing = (root / "a.bin").string();
   write(existing, "x");
   EXPECT_FALSE(Tvx_file_func::can_create_new(existing.c_str()));
@@ -86,7 +86,7 @@ TEST(FileFunc, CanCreateNewAndCanRead) {
 }
 
 TEST(FileFunc, SizesCopyMoveResize) {
-  const stdfs::path root = vxk_test::scratch_dir("narrow_ops");
+  const stdfs::path root = support_test::scratch("narrow_ops");
   const std::string a = root.string() + "\\a.bin";
   std::string content;
   for (int i = 0; i < 5000; ++i) content += static_cast<char>(i % 251);

@@ -113,6 +113,14 @@ TEST(StrVec, SizeSetGetAssign) {
   EXPECT_EQ(w.get_size(), 3u);
 }
 
+TEST(StrVec, IndexPastTheEndIsHarmless) {
+  Tvx_str_vec v;
+  v.add("a");
+  v.set(5, "x");
+  EXPECT_EQ(v.get_size(), 1u);
+  EXPECT_STREQ(v.get(1), "");
+}
+
 TEST(StrVec, GetReturnsTheScratchCopy) {
   Tvx_str_vec v;
   v.add("a");

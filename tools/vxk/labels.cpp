@@ -1,0 +1,233 @@
+// vxk labels: reproject a TLD label file from one coordinate system to another, or print one as JSON.
+// Everything goes through the public header.
+#include <cmath>
+#include <cstdint>
+#include <cstdio>
+#include <string>
+#include <vector>
+
+#include "command.h"
+#include "utf8.h"
+#include "vxk_proj4_shp.h"
+
+namespace {
+
+const char* const kUsage =
+    "usage: vxk labels SRC.tld DST.tld --from \"PROJ string\" --to \"PROJ string\"\n"
+    "       vxk labels --dump FILE.tld\n"
+    "\n"
+    "Reprojects a TLD label file: the points at which the labels stand and the end points of their\n"
+    "callouts go to the other system, and the sizes and offsets of the texts are multiplied by one\n"
+    "length factor, taken at the origin of the source system. A point that cannot be transformed\n"
+    "keeps its source position. Texts, fonts, colours, styles and angles are carried unchanged.\n"
+    "SRC and DST may be the same file.\n"
+    "\n"
+    "With --dump, prints the labels of a file as JSON on standard output.\n"
+    "\n"
+    "options:\n"
+    "  --from TEXT   the source coordinate system, a PROJ string (not a file name)\n"
+    "  --to TEXT     the destination coordinate system, a PROJ string\n"
+    "  --dump FILE   print FILE as JSON\n"
+    "  --help        this text\n"
+    "\n"
+    "The file format is described in docs/tld-format.md.\n"
+    "\n"
+    "examples:\n"
+    "  vxk labels towns.tld towns_gk7.tld --from \"+proj=longlat +ellps=krass\" \\\n"
+    "      --to \"+proj=tmerc +lon_0=39 +x_0=7500000 +ellps=krass +units=m\"\n"
+    "  vxk labels rivers.tld rivers_utm.tld --from \"+proj=longlat +datum=WGS84\" \\\n"
+    "      --to \"+proj=utm +zone=37 +datum=WGS84\"\n"
+    "  vxk labels --dump towns_gk7.tld\n";
+
+int usage_error(const char* what) {
+  std::fprintf(stderr, "vxk labels: %s\n\n%s", what, kUsage);
+  return 2;
+}
+
+// A list owned for the length of the command.
+class text_list {
+ public:
+  text_list() : p_(vx_text_list_create()) {}
+  ~text_list() { vx_text_list_destroy(p_); }
+  text_list(const text_list&) = delete;
+  text_list& operator=(const text_list&) = delete;
+  Tvx_text_list_base* get() const { return p_; }
+
+ private:
+  Tvx_text_list_base* p_;
+};
+
+// Reads a whole file; on failure prints why and gives false.
+bool read_labels(const std::string& path, Tvx_text_list_base* list) {
+  Tvx_tld_file* file = vx_tld_file_open_w(vxk::utf8_to_wide(path).c_str());
+  if (!file) {
+    std::fprintf(stderr, "vxk labels: cannot open %s\n", path.c_str());
+    return false;
+  }
+  const bool ok = vx_tld_file_read_all(file, list);
+  if (!ok) {
+    std::fprintf(stderr, "vxk labels: cannot read %s: %s\n", path.c_str(),
+                 vxk::wide_to_utf8(vx_tld_file_get_error(file)).c_str());
+  }
+  vx_tld_file_close(file);
+  return ok;
+}
+
+bool write_labels(const std::string& path, const Tvx_text_list_base* list) {
+  Tvx_tld_file* file = vx_tld_file_open_w(vxk::utf8_to_wide(path).c_str());
+  if (!file) {
+    std::fprintf(stderr, "vxk labels: cannot create %s (does its folder exist?)\n", path.c_str());
+    return false;
+  }
+  const bool ok = vx_tld_file_write_all(file, list, 0);
+  if (!ok) {
+    std::fprintf(stderr, "vxk labels: cannot write %s: %s\n", path.c_str(),
+                 vxk::wide_to_utf8(vx_tld_file_get_error(file)).c_str());
+  }
+  vx_tld_file_close(file);
+  return ok;
+}
+
+// ---- JSON
+
+std::string json_string(const std::wstring& text) {
+  std::string out = "\"";
+  for (char c : vxk::wide_to_utf8(text)) {
+    const unsigned char u = static_cast<unsigned char>(c);
+    if (c == '"' || c == '\\') {
+      out += '\\';
+      out += c;
+    } else if (u < 0x20) {
+      char buf[8];
+      std::snprintf(buf, sizeof buf, "\\u%04x", u);
+      out += buf;
+    } else {
+      out += c;
+    }
+  }
+  return out + "\"";
+}
+
+// Shortest text that reads back as the same double; JSON has no infinities, so those become null.
+std::string json_number(double v) {
+  if (!std::isfinite(v)) return "null";
+  char buf[32];
+  for (int digits = 15; digits <= 17; ++digits) {
+    std::snprintf(buf, sizeof buf, "%.*g", digits, v);
+    if (std::strtod(buf, nullptr) == v) break;
+  }
+  return buf;
+}
+
+std::string json_point(const Tvx_vtx_d2& p) {
+  return "[" + json_number(p.x) + ", " + json_number(p.y) + "]";
+}
+
+std::string json_points(const Tvx_text_data* text) {
+  std::string out = "[";
+  for (unsigned j = 0; j < vx_text_data_get_count(text); ++j) {
+    out += (j ? ", " : "") + json_point(vx_text_data_get_point(text, j));
+  }
+  return out + "]";
+}
+
+std::string json_sizes(const Tvx_text_data* text) {
+  std::string out = "[";
+  for (unsigned j = 0; j < vx_text_data_get_size_count(text); ++j) {
+    out += std::string(j ? ", " : "") + "{\"size\": " + json_number(vx_text_data_get_size(text, j)) +
+           ", \"dx\": " + json_number(vx_text_data_get_delta_x(text, j)) +
+           ", \"dy\": " + json_number(vx_text_data_get_delta_y(text, j)) + "}";
+  }
+  return out + "]";
+}
+
+std::string json_callout(Tvx_text_data* text) {
+  const Tvx_callout* callout = vx_text_data_get_callout(text);
+  if (!callout) return "null";
+  std::string out = "[";
+  for (unsigned e = 0; e < vx_callout_get_size(callout); ++e) {
+    out += (e ? ", " : "") + json_point(vx_callout_get_end_point(callout, e));
+  }
+  return out + "]";
+}
+
+std::string json_label(Tvx_text_data* text) {
+  char colour[16];
+  std::snprintf(colour, sizeof colour, "\"#%08X\"", static_cast<unsigned>(vx_text_data_get_color(text)));
+  return "    {\"type\": " + std::to_string(vx_text_data_get_type(text)) +
+         ", \"text\": " + json_string(vx_text_data_get_text(text)) +
+         ", \"font\": " + json_string(vx_text_data_get_font_name(text)) + ", \"color\": " + colour +
+         ", \"style\": " + std::to_string(vx_text_data_get_style(text)) +
+         ", \"align\": " + std::to_string(vx_text_data_get_align(text)) +
+         ", \"angle\": " + json_number(vx_text_data_get_angle(text)) +
+         ",\n     \"points\": " + json_points(text) + ",\n     \"sizes\": " + json_sizes(text) +
+         ",\n     \"callout\": " + json_callout(text) + "}";
+}
+
+int dump(const std::string& path) {
+  text_list list;
+  if (!read_labels(path, list.get())) return 1;
+  std::printf("{\n  \"file\": %s,\n  \"labels\": [", json_string(vxk::utf8_to_wide(path)).c_str());
+  const unsigned n = vx_text_list_get_size(list.get());
+  for (unsigned i = 0; i < n; ++i) {
+    std::printf("%s\n%s", i ? "," : "", json_label(vx_text_list_at(list.get(), i)).c_str());
+  }
+  std::printf("%s]\n}\n", n ? "\n  " : "");
+  return 0;
+}
+
+// ---- reprojection
+
+struct reproject_args {
+  std::vector<std::string> files;
+  std::string from;
+  std::string to;
+  bool has_from = false;
+  bool has_to = false;
+};
+
+int reproject(const reproject_args& a) {
+  text_list list;
+  if (!read_labels(a.files[0], list.get())) return 1;
+  const std::wstring from = vxk::utf8_to_wide(a.from);
+  const std::wstring to = vxk::utf8_to_wide(a.to);
+  if (!vx_proj4_text_list_w(list.get(), from.c_str(), to.c_str())) {
+    std::fprintf(stderr,
+                 "vxk labels: cannot build the transformation from \"%s\" to \"%s\"; nothing was written\n",
+                 a.from.c_str(), a.to.c_str());
+    return 1;
+  }
+  if (!write_labels(a.files[1], list.get())) return 1;
+  std::printf("%u labels written to %s\n", vx_text_list_get_size(list.get()), a.files[1].c_str());
+  return 0;
+}
+
+int run(const std::vector<std::string>& args) {
+  reproject_args a;
+  for (size_t i = 0; i < args.size(); ++i) {
+    const std::string& arg = args[i];
+    const bool has_value = i + 1 < args.size();
+    if (arg == "--help" || arg == "-h") {
+      std::printf("%s", kUsage);
+      return 0;
+    } else if (arg == "--dump") {
+      if (!has_value || args.size() != 2) return usage_error("--dump takes one file and nothing else");
+      return dump(args[i + 1]);
+    } else if (arg == "--from" || arg == "--to") {
+      if (!has_value) return usage_error((arg + " needs a PROJ string").c_str());
+      (arg == "--from" ? a.from : a.to) = args[++i];
+      (arg == "--from" ? a.has_from : a.has_to) = true;
+    } else if (arg.size() > 1 && arg[0] == '-') {
+      return usage_error(("unknown option " + arg).c_str());
+    } else {
+      a.files.push_back(arg);
+    }
+  }
+  if (a.files.size() != 2) return usage_error("give a source and a destination file");
+  if (!a.has_from || !a.has_to) return usage_error("give both --from and --to");
+  return reproject(a);
+}
+
+}  // namespace
+
+VXK_COMMAND("labels", "reproject a TLD label file, or print one as JSON", run);
