@@ -217,7 +217,8 @@ class polygon_reader {
     const std::uint64_t at = 44ull + 4ull * parts;
     if (get_le32(rec_.data()) != 5 || at + 16ull * n > bytes) return false;
     x.resize(n), y.resize(n);
-    for (std::uint32_t i = 0; i < n; ++i) x[i] = get_f64(&rec_[at + 16 * i]), y[i] = get_f64(&rec_[at + 16 * i + 8]);
+    for (std::uint32_t i = 0; i < n; ++i)
+      x[i] = get_f64(&rec_[at + 16 * i]), y[i] = get_f64(&rec_[at + 16 * i + 8]);
     return true;
   }
 
@@ -227,7 +228,8 @@ class polygon_reader {
   std::uint64_t left_ = 0;
 };
 
-int floor_run(const std::string& src, const std::string& dst, const std::string& from, const std::string& to) {
+int floor_run(const std::string& src, const std::string& dst, const std::string& from,
+              const std::string& to) {
   PJ* pj = proj_create_crs_to_crs(nullptr, from.c_str(), to.c_str(), nullptr);
   PJ* norm = pj ? proj_normalize_for_visualization(nullptr, pj) : nullptr;
   if (!norm) return 1;
