@@ -234,6 +234,39 @@ VX_API uint64_t vx_stdlist_set_10_number_str(Tvx_stdlist_string* sheet, wchar_t 
 
 /* @section reproj-shp */
 
+/* Rewrites the shape file src_file (.shp with its .shx) into the coordinate system dst_proj, from
+ * src_proj, as the shape file dst_file: record by record, in the same order and with the same number of
+ * records. The projections are PROJ strings (the text itself, never a file name).
+ *   - A record that cannot be transformed (a vertex outside the projection's domain) is written as a
+ *     null record, so that record i of the result still belongs to row i of the table; the run goes on.
+ *   - Measured records (PointM, PolyLineM, PolygonM, MultiPointM) are written as their plain types
+ *     without measures; records with z keep their z values unchanged.
+ *   - The .dbf and .cpg of the source are copied byte for byte beside the result, replacing any there;
+ *     a source without them leaves none. No .prj is written.
+ *   - An existing dst_file and its .shx are replaced.
+ * False only when the transformation cannot be built from the two texts; then no file is touched. A
+ * file that cannot be read or written is reported through the host environment and does not change the
+ * result (a source that cannot be opened gives a destination of zero records).
+ * Narrow texts are UTF-8. */
+VX_API bool vx_proj4_shp(const char* src_file, const char* src_proj, const char* dst_file,
+                         const char* dst_proj);
+VX_API bool vx_proj4_shp_w(const wchar_t* src_file, const wchar_t* src_proj, const wchar_t* dst_file,
+                           const wchar_t* dst_proj);
+
+/* vx_proj4_shp for callers that show progress or report what was lost (the vxk program): the same run
+ * and result, with two additions. progress, if not null, is called after each record with the number
+ * of records done and the number in the source, and user as given. counts, if not null, receives the
+ * number of records written and, of these, the number written as null records because their
+ * transformation failed (null records of the source are not counted there). */
+typedef void (*vx_proj4_shp_progress_t)(uint32_t done, uint32_t total, void* user);
+typedef struct vx_proj4_shp_counts {
+  uint32_t records;
+  uint32_t failed;
+} vx_proj4_shp_counts;
+VX_API bool vx_proj4_shp_ex(const char* src_file, const char* src_proj, const char* dst_file,
+                            const char* dst_proj, vx_proj4_shp_progress_t progress, void* user,
+                            vx_proj4_shp_counts* counts);
+
 
 
 /* ===================================================================================================
