@@ -4,8 +4,7 @@
 #include <string>
 
 #include "geom/pp2d.h"
-#include "reproj/reproj_xy.h"
-#include "reproj/xy_array.h"
+#include "reproj/reproj_2d.h"
 #include "services/text_list.h"
 #include "support/ansi_code_page.h"
 
@@ -13,22 +12,13 @@ namespace {
 
 constexpr double SQRT_2 = 1.4142135623730951;
 
-// The whole vector in one batch, stored back only when every vertex went through.
-void apply_pp(Tvx_reproj_xy& rpj, Tvx_pp2d& pp) {
-  Tvx_xy_array buffer;
-  buffer.set_size(static_cast<unsigned>(pp.get_size()));
-  for (int i = 0; i < pp.get_size(); ++i) buffer.set_xy(i, pp.get(i).x, pp.get(i).y);
-  if (!rpj.apply_array(&buffer)) return;
-  for (int i = 0; i < pp.get_size(); ++i) pp.set(i, Tvx_point2d{buffer.get_x(i), buffer.get_y(i)});
-}
-
 // How lengths scale from the source to the destination, taken once at the source's origin along the
 // diagonal from (0, 0) to (1, 1). When that cannot be transformed the points stay and k is 1.
-double length_factor(Tvx_reproj_xy& rpj) {
+double length_factor(Tvx_reproj_2d& rpj) {
   Tvx_pp2d diagonal;
   diagonal.add(0.0, 0.0);
   diagonal.add(1.0, 1.0);
-  apply_pp(rpj, diagonal);
+  rpj.apply_pp(&diagonal);
   return diagonal.calc_length() / SQRT_2;
 }
 
@@ -72,7 +62,7 @@ std::wstring widen(const char* text) {
 }  // namespace
 
 int Tvx_reproj_tld::execute(Tvx_text_list_base* list, const wchar_t* src_proj, const wchar_t* dst_proj) {
-  Tvx_reproj_xy rpj;
+  Tvx_reproj_2d rpj;
   if (!rpj.init(src_proj, dst_proj)) return 1;
   const double k = length_factor(rpj);
   for (size_t i = 0; i < list->size(); ++i) reproject_text(rpj, k, *list->at(i));
