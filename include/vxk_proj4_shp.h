@@ -179,6 +179,10 @@ VX_API void vx_stdlist_fetch_supported_types(const Tvx_stdlist_string* sheet, bo
 VX_API double vx_stdlist_get_mid_meridian(const Tvx_stdlist_string* sheet);
 /* Feeds the designation, such as "N-37-VI,38-I", in exactly one feed. */
 VX_API void vx_stdlist_to_string(const Tvx_stdlist_string* sheet, Ivx_string_adp* sink);
+/* Neighbours of a 1:200,000 sheet (single, double or triple): feeds four designations, in the order
+ * left, right, upper, lower, and returns true. At any other scale it feeds nothing and returns false.
+ * (An addition of this build for hosts and tools; the sheet generator uses the same rules.) */
+VX_API bool vx_stdlist_fetch_neighbours(const Tvx_stdlist_string* sheet, Ivx_string_adp* sink);
 
 /* Million sheet: band letter "A" to "V" (index 1 to 22) and column number 1 to 60. */
 VX_API uint64_t vx_stdlist_get_mln_letter_idx(const Tvx_stdlist_string* sheet);

@@ -165,6 +165,17 @@ VX_API void vx_stdlist_to_string(const Tvx_stdlist_string* sheet, Ivx_string_adp
   feed(sink, rec(sheet).get_output_string(text));
 }
 
+VX_API bool vx_stdlist_fetch_neighbours(const Tvx_stdlist_string* sheet, Ivx_string_adp* sink) {
+  const stdlist_string& s = rec(sheet);
+  if (s.get_scale() != VX_STDLIST_SC_200) return false;
+  std::wstring left, right, upper, lower;
+  const bool filled =
+      sl::helper_200::get_neighbor_list_str(s.get_hemisphere(), s.get_mln_letter_idx(), s.get_mln_number(),
+                                            s.get_200_roman_idx(), left, right, upper, lower, s.get_type());
+  for (const std::wstring* text : {&left, &right, &upper, &lower}) feed(sink, *text);
+  return filled;
+}
+
 VX_API uint64_t vx_stdlist_get_mln_letter_idx(const Tvx_stdlist_string* sheet) {
   return rec(sheet).get_mln_letter_idx();
 }

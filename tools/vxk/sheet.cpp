@@ -262,83 +262,20 @@ void print_lists() {
 }
 
 // ---- neighbours of a 1:200,000 sheet ----------------------------------------------------------------
-// The four sheets around a 1:200,000 sheet, moved with the same rules as the sheet generator's: a
-// joined sheet's neighbour west or east is a sheet of the same type starting `type` columns over;
-// across the top or bottom row the band letter steps away from or toward the equator (letters count
-// away from the equator in both hemispheres, so the equator itself is never crossed and band "A" sits
-// next to "A"), and past the last band the letters wrap to "A" (in the north "U" already steps to "A").
-
-constexpr std::uint64_t kRow = 6, kRomans = 36, kColumns = 60;
-constexpr long long kBands = 22;
-
-struct position {
-  Tvx_stdlist_hemisphere hemisphere;
-  std::uint64_t letter, number, roman;
-  Tvx_stdlist_type type;
-};
-
-// One column along the row of 6 numerals, wrapping inside the row.
-std::uint64_t roman_step(std::uint64_t roman, int dir) {
-  const std::uint64_t first = (roman - 1) / kRow * kRow;
-  return first + ((roman - 1 - first) + kRow + dir) % kRow + 1;
-}
-
-std::uint64_t column_step(std::uint64_t number, int dir) {
-  return (number - 1 + kColumns + dir) % kColumns + 1;
-}
-
-std::uint64_t band_step(Tvx_stdlist_hemisphere hemisphere, std::uint64_t letter, int dir) {
-  const auto wrap = [](long long v) { return static_cast<std::uint64_t>(((v % kBands) + kBands) % kBands); };
-  if (hemisphere == VX_STDLIST_NORTH) {
-    const std::uint64_t x = wrap(static_cast<long long>(letter) + dir);
-    return x == 0 ? 1 : x;
-  }
-  if (static_cast<long long>(letter) == dir) return 1;
-  const std::uint64_t x = wrap(static_cast<long long>(letter) - dir);
-  return x == 0 ? static_cast<std::uint64_t>(kBands) : x;
-}
-
-// A sheet of `type` columns starting at `roman`, moved one sheet west (-1) or east (+1).
-position sideways(position p, int dir) {
-  const std::uint64_t start = p.roman;
-  bool crossed = false;
-  for (int k = 0; k < p.type; ++k) {
-    // The columns of the sheet, walked from its first one toward the side it moves to.
-    crossed = crossed || (dir < 0 ? (start - 1 - k) % kRow == 0 : (start + k) % kRow == 0);
-    p.roman = roman_step(p.roman, dir);
-  }
-  if (crossed) p.number = column_step(p.number, dir);
-  return p;
-}
-
-position vertically(position p, int dir) {
-  const bool leaves = dir > 0 ? p.roman <= kRow : p.roman > kRomans - kRow;
-  if (leaves) p.letter = band_step(p.hemisphere, p.letter, dir);
-  p.roman = (p.roman + kRomans - kRow * dir - 1) % kRomans + 1;
-  return p;
-}
-
-std::wstring designation_at(const position& p) {
-  sheet_record sheet;
-  vx_stdlist_init(sheet.get(), VX_STDLIST_SC_200, p.type, p.hemisphere);
-  vx_stdlist_set_mln_letter_idx(sheet.get(), p.letter);
-  vx_stdlist_set_mln_number(sheet.get(), p.number);
-  vx_stdlist_set_200_roman_idx(sheet.get(), p.roman);
-  return designation_of(sheet.get());
-}
 
 void print_neighbours(const Tvx_stdlist_string* sheet) {
   fail_if(vx_stdlist_get_scale(sheet) != VX_STDLIST_SC_200,
           "neighbours are known for 1:200,000 sheets only, such as N-37-VI; this sheet is at " +
               u8(vx_stdlist_scale_tostr(sheet)));
-  const position p{vx_stdlist_get_hemisphere(sheet), vx_stdlist_get_mln_letter_idx(sheet),
-                   vx_stdlist_get_mln_number(sheet), vx_stdlist_get_200_roman_idx(sheet),
-                   vx_stdlist_get_type(sheet)};
+  rows_sink sink;
+  fail_if(!vx_stdlist_fetch_neighbours(sheet, sink.get()) || sink.rows().size() != 4,
+          "the neighbours of this sheet could not be worked out");
+  const std::vector<std::wstring>& n = sink.rows();
   std::printf("sheet:  %s\n", u8(designation_of(sheet)).c_str());
-  std::printf("left:   %s\n", u8(designation_at(sideways(p, -1))).c_str());
-  std::printf("right:  %s\n", u8(designation_at(sideways(p, +1))).c_str());
-  std::printf("upper:  %s\n", u8(designation_at(vertically(p, +1))).c_str());
-  std::printf("lower:  %s\n", u8(designation_at(vertically(p, -1))).c_str());
+  std::printf("left:   %s\n", u8(n[0]).c_str());
+  std::printf("right:  %s\n", u8(n[1]).c_str());
+  std::printf("upper:  %s\n", u8(n[2]).c_str());
+  std::printf("lower:  %s\n", u8(n[3]).c_str());
 }
 
 int run(const options& o) {

@@ -790,3 +790,31 @@ TEST(StdlistMidMeridian, ScaleValuesWithoutTextUseTheColumnWidthToo) {
 }
 
 }  // namespace
+
+namespace {
+
+TEST(StdlistNeighbours, FeedsLeftRightUpperLowerOfA200000Sheet) {
+  sheet_ptr s = make_sheet(VX_STDLIST_SC_200, 1, L'N', 37);
+  vx_stdlist_set_200_roman_idx(s.get(), 6);
+  vxk_test::sink_rows r;
+  EXPECT_TRUE(vx_stdlist_fetch_neighbours(s.get(), r.sink()));
+  EXPECT_EQ(r.rows(), (rows_t{L"N-37-V", L"N-38-I", L"O-37-XXXVI", L"N-37-XII"}));
+}
+
+TEST(StdlistNeighbours, JoinedSheetAcrossTheDateLine) {
+  sheet_ptr s = make_sheet(VX_STDLIST_SC_200, 2, L'N', 60);
+  vx_stdlist_set_200_roman_idx(s.get(), 6);
+  vxk_test::sink_rows r;
+  EXPECT_TRUE(vx_stdlist_fetch_neighbours(s.get(), r.sink()));
+  ASSERT_EQ(r.rows().size(), 4u);
+  EXPECT_EQ(r.rows()[1], L"N-1-II,III");
+}
+
+TEST(StdlistNeighbours, OtherScalesFeedNothing) {
+  sheet_ptr s = make_sheet(VX_STDLIST_SC_MLN, 1, L'N', 37);
+  vxk_test::sink_rows r;
+  EXPECT_FALSE(vx_stdlist_fetch_neighbours(s.get(), r.sink()));
+  EXPECT_TRUE(r.rows().empty());
+}
+
+}  // namespace
