@@ -52,8 +52,6 @@ VX_API Ivx_string_adp* vx_string_adp_create(vx_ansi_string_callback_t ansi_callb
 VX_API void vx_string_adp_feed(Ivx_string_adp* adapter, const wchar_t* text);
 VX_API void vx_string_adp_destroy(Ivx_string_adp* adapter);
 
-
-
 /* ===================================================================================================
  * Language and host environment
  * =================================================================================================== */
@@ -106,8 +104,6 @@ VX_API void vx_env_install_out(const vx_env_callbacks* callbacks, void* user);
 
 /* Removes the environment installed by vx_env_install_out; reports vanish again. */
 VX_API void vx_env_remove_out(void);
-
-
 
 /* ===================================================================================================
  * Sheet designation record
@@ -230,8 +226,6 @@ VX_API int vx_stdlist_get_10_number_str(const Tvx_stdlist_string* sheet);
 VX_API bool vx_stdlist_set_10_number(Tvx_stdlist_string* sheet, uint64_t number);
 VX_API uint64_t vx_stdlist_set_10_number_str(Tvx_stdlist_string* sheet, wchar_t digit);
 
-
-
 /* ===================================================================================================
  * Shape file reprojection
  * =================================================================================================== */
@@ -271,8 +265,6 @@ VX_API bool vx_proj4_shp_ex(const char* src_file, const char* src_proj, const ch
                             const char* dst_proj, vx_proj4_shp_progress_t progress, void* user,
                             vx_proj4_shp_counts* counts);
 
-
-
 /* ===================================================================================================
  * Projection files and the batch reprojector
  * =================================================================================================== */
@@ -309,8 +301,6 @@ VX_API bool vx_rpj_fb_d2_init_w(Tvx_rpj_fb_d2* reprojector, const wchar_t* src_p
  * all the same. Any other mode changes nothing and gives false. */
 VX_API bool vx_rpj_fb_d2_apply_pv(Tvx_rpj_fb_d2* reprojector, Tvx_pp2d* vector, int mode);
 VX_API void vx_rpj_fb_d2_destroy(Tvx_rpj_fb_d2* reprojector);
-
-
 
 /* ===================================================================================================
  * Text lists, TLD files and their reprojection
@@ -450,19 +440,17 @@ VX_API bool vx_proj4_text_list_w(Tvx_text_list_base* list, const wchar_t* src_pr
 VX_API bool vx_proj4_tld_w(const wchar_t* src_file, const wchar_t* src_proj, const wchar_t* dst_file,
                            const wchar_t* dst_proj);
 /* The same with UTF-8 texts. */
-VX_API bool vx_proj4_tld(const char* src_file, const char* src_proj, const char* dst_file, const char* dst_proj);
+VX_API bool vx_proj4_tld(const char* src_file, const char* src_proj, const char* dst_file,
+                         const char* dst_proj);
 /* Reserved; does nothing and always gives false. */
-VX_API bool vx_proj4_xsp(const char* src_file, const char* src_proj, const char* dst_file, const char* dst_proj);
-
-
+VX_API bool vx_proj4_xsp(const char* src_file, const char* src_proj, const char* dst_file,
+                         const char* dst_proj);
 
 /* ===================================================================================================
  * Sheet generation
  * =================================================================================================== */
 
 /* @section generation */
-
-
 
 #ifdef __cplusplus
 } /* extern "C" */

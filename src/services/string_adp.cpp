@@ -33,6 +33,8 @@ VX_API void vx_string_adp_feed(Ivx_string_adp* adapter, const wchar_t* text) {
   adapter->ansi(narrow.c_str(), adapter->user);
 }
 
-VX_API void vx_string_adp_destroy(Ivx_string_adp* adapter) { delete adapter; }
+VX_API void vx_string_adp_destroy(Ivx_string_adp* adapter) {
+  delete adapter;
+}
 
 }  // extern "C"

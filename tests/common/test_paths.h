@@ -23,7 +23,9 @@ inline std::string env_or(const char* name, const char* fallback) {
 }
 
 // Folder of the checked-in test data (tests/data).
-inline std::filesystem::path data_dir() { return env_or("VXK_TEST_DATA", VXK_TEST_DATA_DEFAULT); }
+inline std::filesystem::path data_dir() {
+  return env_or("VXK_TEST_DATA", VXK_TEST_DATA_DEFAULT);
+}
 
 // A fresh, empty scratch folder for one test; the name should be unique to the test.
 inline std::filesystem::path scratch_dir(const std::string& name) {
@@ -34,6 +36,8 @@ inline std::filesystem::path scratch_dir(const std::string& name) {
 }
 
 // Folder of the built programs (vxk and friends).
-inline std::filesystem::path bin_dir() { return env_or("VXK_BIN_DIR", VXK_BIN_DIR_DEFAULT); }
+inline std::filesystem::path bin_dir() {
+  return env_or("VXK_BIN_DIR", VXK_BIN_DIR_DEFAULT);
+}
 
 }  // namespace vxk_test

@@ -15,12 +15,18 @@ struct rows {
 
 void on_wide(const wchar_t* text, void* user) {
   auto* r = static_cast<rows*>(user);
-  if (text) r->wide.emplace_back(text); else ++r->nulls;
+  if (text)
+    r->wide.emplace_back(text);
+  else
+    ++r->nulls;
 }
 
 void on_narrow(const char* text, void* user) {
   auto* r = static_cast<rows*>(user);
-  if (text) r->narrow.emplace_back(text); else ++r->nulls;
+  if (text)
+    r->narrow.emplace_back(text);
+  else
+    ++r->nulls;
 }
 
 TEST(StringAdp, FeedsReachTheUnicodeCallbackInOrder) {
@@ -52,6 +58,8 @@ TEST(StringAdp, NullTextIsPassedOnAsNull) {
   EXPECT_EQ(r.nulls, 1);
 }
 
-TEST(StringAdp, DestroyAcceptsNull) { vx_string_adp_destroy(nullptr); }
+TEST(StringAdp, DestroyAcceptsNull) {
+  vx_string_adp_destroy(nullptr);
+}
 
 }  // namespace
