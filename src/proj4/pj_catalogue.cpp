@@ -21,6 +21,9 @@ constexpr int kZones = 60;
 constexpr double kZoneWidth = 6.0;
 constexpr double kZoneEasting = 1000000.0;
 constexpr double kFalseEasting = 500000.0;
+// Universal Polar Stereographic: scale at the pole and false easting and northing.
+constexpr double kUpsScale = 0.994;
+constexpr double kUpsFalse = 2000000.0;
 // Two numbers of a string are the value of a zone when closer than this.
 constexpr double kSame = 1e-6;
 
@@ -250,10 +253,16 @@ void add_utm(Tvx_pj_proj_defs* defs, int zone, bool south) {
   on_wgs84(d);
 }
 
+// UPS written as the polar stereographic projection that it is: "+proj=ups" is a name that GDAL can
+// carry only as a PROJ.4 extension, not as a WKT system.
 void add_ups(Tvx_pj_proj_defs* defs, bool south) {
   Tvx_pj_proj_def* d =
-      new_entry(defs, "Universal Polar Stereographic", south ? "south pole" : "north pole", "ups");
-  hemisphere(d, south);
+      new_entry(defs, "Universal Polar Stereographic", south ? "south pole" : "north pole", "stere");
+  fixed(d->get_lon_0(), 0.0);
+  fixed(d->get_lat_0(), south ? -90.0 : 90.0);
+  fixed(d->get_k_0(), kUpsScale);
+  fixed(d->get_x_0(), kUpsFalse);
+  fixed(d->get_y_0(), kUpsFalse);
   on_wgs84(d);
 }
 

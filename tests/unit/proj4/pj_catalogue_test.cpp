@@ -42,6 +42,14 @@ TEST(PjCatalogue, IndexedFromOneInOrder) {
   EXPECT_EQ(defs.find_by_index(0), nullptr);
 }
 
+TEST(PjCatalogue, UniversalPolarStereographic) {
+  const Tvx_pj_proj_defs& defs = catalogue();
+  EXPECT_EQ(definition_text(*defs.get(kProjections)),
+            "+proj=stere +lon_0=0 +lat_0=90 +x_0=2000000 +y_0=2000000 +k_0=0.994 +datum=WGS84 +units=m +no_defs");
+  EXPECT_EQ(definition_text(*defs.get(kProjections + 1)),
+            "+proj=stere +lon_0=0 +lat_0=-90 +x_0=2000000 +y_0=2000000 +k_0=0.994 +datum=WGS84 +units=m +no_defs");
+}
+
 TEST(PjCatalogue, FillStartsAfresh) {
   Tvx_pj_proj_defs defs;
   defs.add()->set_caption("stale");
@@ -178,8 +186,10 @@ TEST(PjCatalogue, FindsThePoleByTheLatitudeOfOrigin) {
   // Without a latitude of origin PROJ puts the centre on the equator, which no polar entry is.
   EXPECT_EQ(name_of(found("+proj=stere +lat_ts=70")), "(none)");
   EXPECT_EQ(name_of(found("+proj=stere +lat_0=89.9")), "(none)");
-  EXPECT_EQ(name_of(found("+proj=ups +south")), "Universal Polar Stereographic, south pole");
-  EXPECT_EQ(name_of(found("+proj=ups")), "Universal Polar Stereographic, north pole");
+  // UPS is in the catalogue as the polar stereographic projection it is, after the general entries.
+  EXPECT_EQ(name_of(found("+proj=ups +south")), "(none)");
+  EXPECT_EQ(name_of(found("+proj=stere +lat_0=-90 +k=0.994 +x_0=2000000 +y_0=2000000 +datum=WGS84")),
+            "Polar Stereographic, south pole, scale at the pole");
 }
 
 TEST(PjCatalogue, UnknownOrMissingProjectionFindsNothing) {
