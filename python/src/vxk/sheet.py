@@ -36,6 +36,9 @@ class Scale(enum.IntEnum):
         rows = fetch(lib.vx_stdlist_fetch_scale_str, int(self))
         return rows[0] if rows else ""
 
+    def __str__(self) -> str:
+        return self.text or self.name
+
     @classmethod
     def parse(cls, value: ScaleLike) -> Scale:
         """A scale from its text ("1:200000"; blanks, commas and underscores between digits are
