@@ -122,7 +122,8 @@ def _digits(value: Any) -> bool:
 
 def _level(what: str, get: Callable[[Any], Any], put: Callable[[Any, Any], bool], doc: str) -> property:
     """A level of the designation as a property: reading asks the library, and a value that the library
-    refuses raises DesignationError and leaves the record as it was."""
+    refuses raises DesignationError and leaves the record as it was. (`get` and `put` reach the library
+    only when called, so that importing the package does not load it.)"""
 
     def getter(self: Sheet) -> Any:
         return get(self._handle)
@@ -372,7 +373,7 @@ class Sheet(Owned):
     mln_number = _level(
         "a column number (1 to 60)",
         lambda h: int(lib.vx_stdlist_get_mln_number(h)),
-        _set_number(lib.vx_stdlist_set_mln_number, lib.vx_stdlist_set_mln_number_str),
+        _set_number(lambda h, n: lib.vx_stdlist_set_mln_number(h, n), lambda h, t: lib.vx_stdlist_set_mln_number_str(h, t)),
         "Column number of the 1:1,000,000 sheet, 1 to 60 (set as int or text).",
     )
     letter_500 = _level(
@@ -390,7 +391,7 @@ class Sheet(Owned):
     number_100 = _level(
         "a 1:100,000 number (1 to 144)",
         lambda h: int(lib.vx_stdlist_get_100_number(h)),
-        _set_number(lib.vx_stdlist_set_100_number, _set_100_text),
+        _set_number(lambda h, n: lib.vx_stdlist_set_100_number(h, n), _set_100_text),
         "Number of the 1:100,000 sheet, 1 to 144 (set as int or text).",
     )
     letter_50 = _level(
@@ -408,7 +409,7 @@ class Sheet(Owned):
     number_10 = _level(
         "a 1:10,000 number (1 to 4)",
         lambda h: int(lib.vx_stdlist_get_10_number(h)),
-        _set_number(lib.vx_stdlist_set_10_number, _set_10_text),
+        _set_number(lambda h, n: lib.vx_stdlist_set_10_number(h, n), _set_10_text),
         "Number of the 1:10,000 sheet, 1 to 4 (set as int or text).",
     )
 
