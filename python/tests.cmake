@@ -9,11 +9,12 @@ set_tests_properties(python.venv PROPERTIES FIXTURES_SETUP python_venv TIMEOUT 3
 set(vxk_pytest_env ${VXK_TEST_ENV} PYTHONDONTWRITEBYTECODE=1)
 if(VXK_SANITIZE)
   # Python itself is not instrumented: the sanitizer's runtime has to be loaded before anything else,
-  # and its leak report would be about the interpreter's own memory, so leaks are checked by the
-  # package's own test of handles and heap instead.
+  # and with it the C++ runtime, whose exceptions (PROJ throws inside) the sanitizer intercepts. Its
+  # leak report would be about the interpreter's own memory, so leaks are checked by the package's own
+  # test of handles and heap instead.
   execute_process(COMMAND ${CMAKE_CXX_COMPILER} -print-file-name=libasan.so
                   OUTPUT_VARIABLE vxk_libasan OUTPUT_STRIP_TRAILING_WHITESPACE)
-  list(APPEND vxk_pytest_env LD_PRELOAD=${vxk_libasan}
+  list(APPEND vxk_pytest_env "LD_PRELOAD=${vxk_libasan} libstdc++.so.6"
        ASAN_OPTIONS=detect_leaks=0:abort_on_error=1:strict_string_checks=1)
 endif()
 add_test(NAME python.pytest

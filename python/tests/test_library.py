@@ -214,3 +214,10 @@ def test_a_leak_would_be_seen():
     finally:
         for h in kept:
             lib.vx_stdlist_destroy(h)
+
+
+def test_a_sanitizer_build_runs_with_its_runtime():
+    """In the sanitizer build the library is checked as it runs: its runtime must be in the process."""
+    if os.environ.get("VXK_SANITIZE") != "1":
+        pytest.skip("not the sanitizer build")
+    assert hasattr(ctypes.CDLL(None), "__asan_init")
