@@ -156,6 +156,7 @@ class Label:
 
     @property
     def text(self) -> str:
+        """The label's text."""
         return lib.vx_text_data_get_text(self._handle)
 
     @text.setter
@@ -222,6 +223,7 @@ class Label:
         return callout
 
     def remove_callout(self) -> None:
+        """Takes the callout away; views of it fail from then on."""
         lib.vx_text_data_remove_callout(self._handle)
 
 

@@ -71,6 +71,8 @@ class SheetType(enum.IntEnum):
 
 
 class Hemisphere(enum.IntEnum):
+    """The hemisphere of a sheet, which its designation does not show."""
+
     NORTH = 1
     SOUTH = 2
 
