@@ -155,6 +155,12 @@ def test_children_through_the_lists_of_legal_values():
     assert [str(s) for s in south] == ["N-37-12-Б-а", "N-37-12-Б-б", "N-37-12-Б-в", "N-37-12-Б-г"]
 
 
+def test_children_equal_the_sheets_read_from_their_designations():
+    for parent, scale in [("N-37", "1:500000"), ("N-37", "1:200000"), ("N-37-12-Б", "1:25000")]:
+        for child in vxk.sheets_of(parent, scale):
+            assert Sheet.parse(str(child)) == child
+
+
 def test_children_outside_the_chain_are_refused():
     with pytest.raises(vxk.DesignationError, match="do not divide"):
         vxk.sheets_of("N-37-VI", "1:100000")

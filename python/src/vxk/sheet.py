@@ -217,14 +217,15 @@ class Sheet(Owned):
         if _digits(f[2]):
             self.number_100 = f[2]
             return self._read_below_100(f)
-        scale = Scale.K200
-        if _one_char(f[2]) and lib.vx_stdlist_set_500_letter(self._handle, f[2]):
-            scale = Scale.K500
-        elif not lib.vx_stdlist_set_200_roman(self._handle, f[2]):
+        # Only the level that the text names is set, so that the others keep the values of a new record.
+        scale = Scale.K500 if f[2] in lists.letters_500() else Scale.K200
+        try:
+            setattr(self, "letter_500" if scale == Scale.K500 else "roman_200", f[2])
+        except DesignationError:
             raise DesignationError(
                 f"{f[2]!r} is neither a 1:500,000 letter (Cyrillic А to Г), a Roman numeral I to XXXVI nor a "
                 "1:100,000 number"
-            )
+            ) from None
         if len(f) > 3:
             raise DesignationError(f"unexpected {f[3]!r} after {f[2]!r}")
         return scale
@@ -260,6 +261,7 @@ class Sheet(Owned):
         )
 
     def __eq__(self, other: object) -> bool:
+        """Equal when every field of the two records is: levels off the sheet's own chain count too."""
         if not isinstance(other, Sheet):
             return NotImplemented
         return bool(lib.vx_stdlist_equal(self._handle, other._handle))
