@@ -94,6 +94,16 @@ TEST_F(FileTest, WriteOfZeroBytesReportsTheWriteError) {
   EXPECT_EQ(log.errors[0], "Error writing file: \"/\"");
 }
 
+TEST_F(FileTest, BytesThatCannotReachTheDiskAtCloseReportTheWriteError) {
+  Tvx_file f;
+  ASSERT_EQ(f.create("/dev/full"), 0);
+  EXPECT_EQ(f.write("abc", 3), 0);  // buffered: no error yet
+  f.close();
+  ASSERT_EQ(log.errors.size(), 1u);
+  EXPECT_EQ(log.errors[0], "Error writing file: \"/\"");
+  EXPECT_FALSE(f.is_open());
+}
+
 TEST_F(FileTest, ReadPastTheEndReportsAndTheStreamGoesOn) {
   Tvx_file f;
   ASSERT_EQ(f.create(path("r.bin").c_str()), 0);
