@@ -572,6 +572,71 @@ VX_API bool vx_proj4_xsp(const char* src_file, const char* src_proj, const char*
 
 /* @section generation */
 
+/* The shape files that draw one standard sheet at 1:1,000,000 or 1:200,000, or one free box of
+ * coordinates: first in the scene projection under "HYPS/" and "FRAME/" of the output directory, then
+ * again in the sheet's geographic system (Pulkovo 1942, the style library's std_list/proj0.pj4) under
+ * "latlong/HYPS/" and "latlong/FRAME/". Beside each shape file stand its table (.dbf, texts in
+ * Windows-1251), a .prj in ESRI WKT and a .pj4 with the PROJ string. This build writes the sheet's area,
+ * "HYPS/Hypsa.shp": one polygon round the sheet on its lattice of pivot points, with the columns ID (1),
+ * L_CODE (-1) and NAME (the designation, or "Base list" for a free box). The latlong .prj always
+ * describes Pulkovo 1942.
+ *
+ * The four folders must exist: the library creates none. The output directory is joined to the folder
+ * names as it stands, so it must end in a separator ("/" or "\"; a "\" in a path is a folder separator).
+ * Existing files of the same names are replaced. Generation runs on the caller's thread; two sheets must
+ * not be generated at the same time. */
+
+/* Parameters of a standard sheet. They refer to the caller's record, which must outlive them, and
+ * read it at each generate call. */
+typedef struct Tvx_stdlist_params Tvx_stdlist_params;
+
+/* New parameters bound to the record, with every division 0 and empty texts; null when memory runs out.
+ * A null record is taken, and the generate call then refuses. */
+VX_API Tvx_stdlist_params* vx_stdlist_params_create(const Tvx_stdlist_string* sheet);
+VX_API void vx_stdlist_params_destroy(Tvx_stdlist_params* params);
+/* The folder under which the four output folders stand; it must end in a separator. */
+VX_API void vx_stdlist_params_set_output_dir(Tvx_stdlist_params* params, const wchar_t* dir);
+/* Divisions of the sheet's height: the main parallels cut it into `main` equal parts (main - 1 inner
+ * lines), and the marks cut each part again into `additional`. Both must be 1 or more. */
+VX_API void vx_stdlist_params_set_lat_divs(Tvx_stdlist_params* params, int main, int additional);
+/* The same for the sheet's width and its meridians. */
+VX_API void vx_stdlist_params_set_lon_divs(Tvx_stdlist_params* params, int main, int additional);
+/* The PROJ string of the scene: the coordinate system of the drawing (metres, or degrees when it is
+ * geographic). */
+VX_API void vx_stdlist_params_set_scene_proj(Tvx_stdlist_params* params, const wchar_t* proj);
+/* Generates the sheet. Refused, with nothing written, false and a message in the host environment
+ * (English, or Russian when vx_res_get_lng gives 0): a null record, a scale other than 1:1,000,000 and
+ * 1:200,000, a division below 1, or more than 100,000 lines or marks along one axis. Otherwise true when
+ * every step succeeded; false when a file could not be created (a missing folder among the causes), when
+ * the scene projection or the style library's geographic system is missing, or when memory ran out (the
+ * reason is reported); the files written before the failure stay. The designation is not validated: a
+ * record with levels out of range is drawn where its numbers put it. */
+VX_API bool vx_stdlist_generate_shapes(Tvx_stdlist_params* params);
+
+/* Parameters of a free box: longitudes xmin to xmax and latitudes ymin to ymax in degrees of the sheet's
+ * geographic system, with main lines at multiples of the grid steps. */
+typedef struct Tvx_stdlist_custom_params Tvx_stdlist_custom_params;
+
+/* New parameters with the box not set and steps 0; null when memory runs out. */
+VX_API Tvx_stdlist_custom_params* vx_stdlist_custom_params_create(void);
+VX_API void vx_stdlist_custom_params_destroy(Tvx_stdlist_custom_params* params);
+/* The box in the order x minimum, x maximum, y minimum, y maximum. */
+VX_API void vx_stdlist_custom_params_set_box(Tvx_stdlist_custom_params* params, double xmin, double xmax,
+                                             double ymin, double ymax);
+VX_API void vx_stdlist_custom_params_set_output_dir(Tvx_stdlist_custom_params* params, const wchar_t* dir);
+/* Distances in degrees between the main meridians and between the main parallels. The marks stand at
+ * whole steps from the box's edge: a fractional step loses its fraction for them, and a step below 1
+ * gives no marks. */
+VX_API void vx_stdlist_custom_params_set_grid_steps(Tvx_stdlist_custom_params* params, double x_step,
+                                                    double y_step);
+VX_API void vx_stdlist_custom_params_set_scene_proj(Tvx_stdlist_custom_params* params, const wchar_t* proj);
+/* Generates the box, drawn as a northern 1:1,000,000 sheet and named "Base list". Refused, with nothing
+ * written, false and a message in the host environment: steps that are not finite and positive, a box
+ * not set, not finite or empty (each minimum must be below its maximum), or more than 100,000 lines or
+ * marks along one axis. Every run that is not refused answers true, also one that failed: a failed run
+ * shows only in its files. */
+VX_API bool vx_stdlist_custom_generate_shapes(Tvx_stdlist_custom_params* params);
+
 #ifdef __cplusplus
 } /* extern "C" */
 #endif

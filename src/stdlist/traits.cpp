@@ -1,5 +1,7 @@
 #include "stdlist/traits.h"
 
+#include <cmath>
+
 #include "services/string_adapter.h"
 #include "support/ansi_code_page.h"
 #include "support/filesystem.h"
@@ -136,6 +138,10 @@ Tvx_stdlist_scale scale(const std::wstring& text) {
     if (listed && text == listed) return s;
   }
   return VX_STDLIST_SC_NONE;
+}
+
+bool is_set(double value) {
+  return std::fabs(value - MAX) > delta;
 }
 
 const char* ind(int hemisphere) {

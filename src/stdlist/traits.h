@@ -17,6 +17,8 @@ namespace vx::stdlist::traits {
 // A coordinate equal to MAX is not set; a value counts as set when |value - MAX| > delta.
 constexpr double delta = 2.220446049250313e-15;
 constexpr double MAX = 1.7976931348623157e+308;
+// The test whether a coordinate has been set.
+bool is_set(double value);
 
 // Declared cell counts of a sheet; nothing reads them.
 constexpr std::int64_t CELLS_X_1M = 6;
