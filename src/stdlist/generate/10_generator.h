@@ -69,6 +69,9 @@ class base_generate {
   void add_box_ring(Tvx_pp2d* part) const;
   // Everything the box and grid hold, after init_box has set the box.
   bool init_grid_common();
+  // The style library's geographic text, read once in a run: the lattice, the latlong set and the
+  // projection file of every latlong file need it. The scene's ESRI WKT is likewise made once.
+  const std::wstring& geographic_proj();
 
   base_params& prm;
   bool latlong = false;
@@ -111,7 +114,13 @@ class base_generate {
   Tvx_pp2d* right_lower_pv = nullptr;
 
  private:
+  std::wstring geographic_text;
+  bool geographic_read = false;
+  std::wstring scene_wkt;
+  bool scene_wkt_made = false;
+
   void init_paths(std::wstring directory);
+  const std::wstring& scene_esri();
   std::array<Tvx_pp2d**, 8> frame_pieces();
   void destroy_frame_pieces();
 };

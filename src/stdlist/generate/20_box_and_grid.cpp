@@ -170,7 +170,7 @@ bool base_generate::init_grid_common() {
   grid.add_vec_x({xmin - 1.0, xmax + 1.0});
   grid.add_vec_y({ymin - 1.0, ymax + 1.0});
 
-  const std::wstring geographic = traits::get_styllibs_proj();
+  const std::wstring geographic = geographic_proj();
   const std::wstring scene = prm.get_scene_proj();
   if (ymin < POLAR_CIRCLE && ymax > POLAR_CIRCLE) {
     grid.add_y(POLAR_CIRCLE);

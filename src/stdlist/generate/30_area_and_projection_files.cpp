@@ -84,21 +84,30 @@ bool base_generate::generate_hyps_a_shp() {
   return done;
 }
 
-bool base_generate::crt_proj_scn(const std::wstring& path) {
-  const std::wstring scene = prm.get_scene_proj();
-  std::wstring wkt;
-  {
-    Tvx_std_wstring_adapter sink(wkt);
-    vx_pj4_export_esri(scene.c_str(), sink.adapter());
+const std::wstring& base_generate::geographic_proj() {
+  if (!geographic_read) geographic_text = traits::get_styllibs_proj();
+  geographic_read = true;
+  return geographic_text;
+}
+
+const std::wstring& base_generate::scene_esri() {
+  if (!scene_wkt_made) {
+    Tvx_std_wstring_adapter sink(scene_wkt);
+    vx_pj4_export_esri(prm.get_scene_proj().c_str(), sink.adapter());
   }
-  if (!write_prj(path, wkt)) return false;
-  return vx_pj4_save_w(path.c_str(), scene.c_str());
+  scene_wkt_made = true;
+  return scene_wkt;
+}
+
+bool base_generate::crt_proj_scn(const std::wstring& path) {
+  if (!write_prj(path, scene_esri())) return false;
+  return vx_pj4_save_w(path.c_str(), prm.get_scene_proj().c_str());
 }
 
 // The .prj of a latlong file always speaks of Pulkovo 1942, whatever the geographic text says.
 bool base_generate::crt_proj_latlong(const std::wstring& path) {
   if (!write_prj(path, traits::LATLON_PRJ_STR)) return false;
-  return vx_pj4_save_w(path.c_str(), traits::get_styllibs_proj().c_str());
+  return vx_pj4_save_w(path.c_str(), geographic_proj().c_str());
 }
 
 }  // namespace vx::stdlist

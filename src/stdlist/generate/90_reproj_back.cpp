@@ -18,7 +18,7 @@ bool folder_exists(const std::wstring& path) {
 // folders are, and a missing one is skipped. The projection files of every latlong path are written
 // afterwards, whether its shape file exists or not.
 bool base_generate::reproj_back() {
-  const std::wstring geographic = traits::get_styllibs_proj();
+  const std::wstring geographic = geographic_proj();
   const std::wstring scene = prm.get_scene_proj();
   const std::wstring* const latlong_paths[] = {&latlong_hypsa_path, &latlong_hypsl_path, &latlong_hypsp_path,
                                                &latlong_frame_path, &latlong_framedig_path};
@@ -46,7 +46,7 @@ bool base_generate::reproj_back() {
 // of the neighbours has no latlong copy.
 bool stdlist_generate::reproj_back() {
   const bool adj_folder = folder_exists(latlong_frameadj_path);
-  const std::wstring geographic = traits::get_styllibs_proj();
+  const std::wstring geographic = geographic_proj();
   const std::wstring scene = prm.get_scene_proj();
   if (!base_generate::reproj_back()) return false;
   if (vx::filesystem::path_exist(frameadj_path) && adj_folder &&
