@@ -81,6 +81,7 @@ void BM_generate(benchmark::State& state) {
     if (!vx_stdlist_generate_shapes(&params)) state.SkipWithError("generation failed");
   }
   state.SetLabel(name_of(c));
+  fs::remove_all(fs::path(dir));
 }
 
 PJ* transformation(const std::string& from, const std::string& to) {
