@@ -21,13 +21,6 @@ using vxk_test::message_log;
 constexpr double inf = std::numeric_limits<double>::infinity();
 const double nan = std::nan("");
 
-stdlist_params divided(const vx::stdlist::stdlist_string& s, int mx, int ax, int my, int ay) {
-  stdlist_params p(&s);
-  p.set_lon_divs(mx, ax);
-  p.set_lat_divs(my, ay);
-  return p;
-}
-
 custom_params box(double xmin, double xmax, double ymin, double ymax, double dx, double dy) {
   custom_params p;
   p.set_box(xmin, xmax, ymin, ymax);
@@ -45,10 +38,10 @@ void expect_refused(bool admitted, const message_log& log, const std::string& st
 TEST(Checks, MillionAnd200SheetsWithDivisionsOfOneOrMoreAreAdmitted) {
   message_log log;
   const auto n37 = vxk_test::sheet(14, 37);
-  EXPECT_TRUE(admit(divided(n37, 1, 1, 1, 1)));
-  EXPECT_TRUE(admit(divided(n37, 6, 6, 4, 6)));
+  EXPECT_TRUE(admit(vxk_test::sheet_params(n37, L"", vxk_test::GK7, 1, 1, 1, 1)));
+  EXPECT_TRUE(admit(vxk_test::sheet_params(n37, L"", vxk_test::GK7, 6, 6, 4, 6)));
   const auto vi = vxk_test::sheet(14, 37, 6);
-  EXPECT_TRUE(admit(divided(vi, 3, 20, 2, 20)));
+  EXPECT_TRUE(admit(vxk_test::sheet_params(vi, L"", vxk_test::GK7, 3, 20, 2, 20)));
   EXPECT_TRUE(log.errors.empty());
 }
 
@@ -60,12 +53,13 @@ TEST(Checks, EveryScaleWithoutAGeometryIsRefused) {
     if (scale == 0) s.set_scale_str(L"", found);
     s.set_scale(scale);
     ASSERT_EQ(s.get_scale(), scale);
-    expect_refused(admit(divided(s, 6, 6, 4, 6)), log, "Sheet generation refused: the sheet's scale is ");
+    expect_refused(admit(vxk_test::sheet_params(s, L"", vxk_test::GK7, 6, 6, 4, 6)), log,
+                   "Sheet generation refused: the sheet's scale is ");
   }
   message_log log;
   auto s = vxk_test::sheet(14, 37);
   s.set_scale(VX_STDLIST_SC_500);
-  admit(divided(s, 6, 6, 4, 6));
+  admit(vxk_test::sheet_params(s, L"", vxk_test::GK7, 6, 6, 4, 6));
   EXPECT_EQ(log.errors.at(0),
             "Sheet generation refused: the sheet's scale is 1:500000; only 1:1000000 and 1:200000 sheets are "
             "drawn");
@@ -77,10 +71,11 @@ TEST(Checks, ADivisionBelowOneIsRefused) {
                           {6, 6, 0, 6}, {6, 6, 4, -1}, {-6, -6, 4, 6}};
   for (const auto& c : cases) {
     message_log log;
-    expect_refused(admit(divided(s, c[0], c[1], c[2], c[3])), log, "Sheet generation refused: each division");
+    expect_refused(admit(vxk_test::sheet_params(s, L"", vxk_test::GK7, c[0], c[1], c[2], c[3])), log,
+                   "Sheet generation refused: each division");
   }
   message_log log;
-  admit(divided(s, 6, 0, 4, 6));
+  admit(vxk_test::sheet_params(s, L"", vxk_test::GK7, 6, 0, 4, 6));
   EXPECT_EQ(
       log.errors.at(0),
       "Sheet generation refused: each division must be 1 or more (longitude 6 and 0, latitude 4 and 6)");
@@ -90,15 +85,16 @@ TEST(Checks, MoreThan100000LinesOrMarksOnOneAxisAreRefused) {
   const auto s = vxk_test::sheet(14, 37);
   {
     message_log log;
-    EXPECT_TRUE(admit(divided(s, 99999, 1, 1, 1)));  // 99,998 inner lines and 100,000 marks
-    EXPECT_TRUE(admit(divided(s, 1, 1, 1000, 99)));  // 99,001 marks
+    EXPECT_TRUE(admit(vxk_test::sheet_params(s, L"", vxk_test::GK7, 99999, 1, 1,
+                                             1)));  // 99,998 inner lines and 100,000 marks
+    EXPECT_TRUE(admit(vxk_test::sheet_params(s, L"", vxk_test::GK7, 1, 1, 1000, 99)));  // 99,001 marks
   }
   for (const auto& c : {std::array<int, 4>{100000, 1, 1, 1},
                         {1, 1, 1000, 101},
                         {1, 1, 1, 100000},
                         {2147483647, 2147483647, 1, 1}}) {
     message_log log;
-    expect_refused(admit(divided(s, c[0], c[1], c[2], c[3])), log,
+    expect_refused(admit(vxk_test::sheet_params(s, L"", vxk_test::GK7, c[0], c[1], c[2], c[3])), log,
                    "Sheet generation refused: the divisions give");
   }
 }
@@ -173,7 +169,7 @@ TEST(Checks, MessagesInRussianWhenTheHostAsksForIt) {
   EXPECT_EQ(vx::strconv::ansi_to_wide(log.errors[0]),
             L"Генерация по координатам отклонена: шаги сетки должны быть конечными и положительными (0, 1)");
   const auto s = vxk_test::sheet(14, 37);
-  admit(divided(s, 0, 1, 1, 1));
+  admit(vxk_test::sheet_params(s, L"", vxk_test::GK7, 0, 1, 1, 1));
   EXPECT_EQ(vx::strconv::ansi_to_wide(log.errors.at(1)).substr(0, 26), L"Генерация листа отклонена:");
   Tvx_rc::set_lang(0);
 }

@@ -13,16 +13,6 @@ using vxk_test::box_probe;
 using vxk_test::files_under;
 using vxk_test::sheet_probe;
 
-stdlist_params n37_params(const vx::stdlist::stdlist_string& s, const std::wstring& dir,
-                          const wchar_t* scene = vxk_test::GK7) {
-  stdlist_params p(&s);
-  p.set_output_dir(dir.c_str());
-  p.set_scene_proj(scene);
-  p.set_lon_divs(6, 6);
-  p.set_lat_divs(4, 6);
-  return p;
-}
-
 custom_params box_params(const std::wstring& dir) {
   custom_params p;
   p.set_output_dir(dir.c_str());
@@ -34,7 +24,7 @@ custom_params box_params(const std::wstring& dir) {
 
 TEST(Skeleton, TenPathsByPlainConcatenation) {
   const auto s = vxk_test::sheet(14, 37);
-  auto p = n37_params(s, L"out/");
+  auto p = vxk_test::sheet_params(s, L"out/");
   sheet_probe g(p);
   EXPECT_EQ(g.hypsa_path, L"out/HYPS\\Hypsa.shp");
   EXPECT_EQ(g.hypsl_path, L"out/HYPS\\Hypsl.shp");
@@ -54,22 +44,22 @@ TEST(Skeleton, TenPathsByPlainConcatenation) {
 
 TEST(Skeleton, AnOutputDirectoryWithoutSeparatorIsNotMended) {
   const auto s = vxk_test::sheet(14, 37);
-  auto p = n37_params(s, L"/tmp/out");
+  auto p = vxk_test::sheet_params(s, L"/tmp/out");
   sheet_probe g(p);
   EXPECT_EQ(g.hypsa_path, L"/tmp/outHYPS\\Hypsa.shp");
 }
 
 TEST(Skeleton, TheSceneSaysWhetherMarginsAreInDegrees) {
   const auto s = vxk_test::sheet(14, 37);
-  auto metres = n37_params(s, L"out/");
+  auto metres = vxk_test::sheet_params(s, L"out/");
   EXPECT_FALSE(sheet_probe(metres).latlong);
-  auto degrees = n37_params(s, L"out/", vxk_test::PULKOVO);
+  auto degrees = vxk_test::sheet_params(s, L"out/", vxk_test::PULKOVO);
   EXPECT_TRUE(sheet_probe(degrees).latlong);
 }
 
 TEST(Skeleton, TheEightFramePiecesAreCreatedEmpty) {
   const auto s = vxk_test::sheet(14, 37);
-  auto p = n37_params(s, L"out/");
+  auto p = vxk_test::sheet_params(s, L"out/");
   sheet_probe g(p);
   for (Tvx_pp2d* piece : {g.top_left_pv, g.top_right_pv, g.bottom_left_pv, g.bottom_right_pv, g.left_upper_pv,
                           g.right_upper_pv, g.left_lower_pv, g.right_lower_pv}) {
@@ -80,7 +70,7 @@ TEST(Skeleton, TheEightFramePiecesAreCreatedEmpty) {
 
 TEST(Skeleton, AMillionSheetRunLeavesTheEightPiecesEmpty) {
   const auto s = vxk_test::sheet(14, 37);
-  auto p = n37_params(s, vxk_test::output_dir("skeleton_pieces"));
+  auto p = vxk_test::sheet_params(s, vxk_test::output_dir("skeleton_pieces"));
   sheet_probe g(p);
   EXPECT_TRUE(g.execute());
   for (Tvx_pp2d* piece : {g.top_left_pv, g.bottom_right_pv, g.left_upper_pv, g.right_lower_pv})
@@ -89,7 +79,7 @@ TEST(Skeleton, AMillionSheetRunLeavesTheEightPiecesEmpty) {
 
 TEST(Skeleton, TheParametersCopyIsTheGeneratorsOwn) {
   const auto s = vxk_test::sheet(14, 37, 6);
-  auto p = n37_params(s, L"out/");
+  auto p = vxk_test::sheet_params(s, L"out/");
   sheet_probe g(p);
   p.set_output_dir(L"elsewhere/");
   EXPECT_EQ(g.params().get_output_dir(), L"out/");
@@ -111,7 +101,7 @@ TEST(Skeleton, AMissingHypsFolderEndsTheRunAtTheAreaAndNothingIsWritten) {
   const auto s = vxk_test::sheet(14, 37);
   const std::wstring dir =
       vxk_test::output_dir("skeleton_no_hyps", {"FRAME", "latlong/HYPS", "latlong/FRAME"});
-  auto p = n37_params(s, dir);
+  auto p = vxk_test::sheet_params(s, dir);
   EXPECT_FALSE(sheet_probe(p).execute());
   EXPECT_TRUE(files_under(dir).empty());
 
@@ -125,7 +115,7 @@ TEST(Skeleton, AMissingHypsFolderEndsTheRunAtTheAreaAndNothingIsWritten) {
 TEST(Skeleton, AMissingLatlongHypsFolderLeavesTheSceneSetAndFalse) {
   const auto s = vxk_test::sheet(14, 37);
   const std::wstring dir = vxk_test::output_dir("skeleton_no_latlong", {"HYPS", "FRAME", "latlong/FRAME"});
-  auto p = n37_params(s, dir);
+  auto p = vxk_test::sheet_params(s, dir);
   EXPECT_FALSE(sheet_probe(p).execute());
   EXPECT_EQ(files_under(dir), vxk_test::shape_set("HYPS", "Hypsa"));
 }
@@ -133,7 +123,7 @@ TEST(Skeleton, AMissingLatlongHypsFolderLeavesTheSceneSetAndFalse) {
 TEST(Skeleton, NoDebugFileIsEverWritten) {
   const auto s = vxk_test::sheet(14, 37);
   const std::wstring dir = vxk_test::output_dir("skeleton_debug");
-  auto p = n37_params(s, dir);
+  auto p = vxk_test::sheet_params(s, dir);
   EXPECT_TRUE(sheet_probe(p).execute());
   for (const std::string& f : files_under(dir)) EXPECT_EQ(f.find("debug_save_shp"), std::string::npos) << f;
 }

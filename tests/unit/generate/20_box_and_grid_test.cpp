@@ -19,14 +19,8 @@ using vxk_test::sheet_probe;
 
 constexpr double TWO_THIRDS = 0.6666666666666666;
 
-stdlist_params params(const vx::stdlist::stdlist_string& s, int mx = 6, int ax = 6, int my = 4, int ay = 6,
-                      const wchar_t* scene = vxk_test::GK7) {
-  stdlist_params p(&s);
-  p.set_output_dir(L"out/");
-  p.set_scene_proj(scene);
-  p.set_lon_divs(mx, ax);
-  p.set_lat_divs(my, ay);
-  return p;
+stdlist_params params(const vx::stdlist::stdlist_string& s, int mx = 6, int ax = 6, int my = 4, int ay = 6) {
+  return vxk_test::sheet_params(s, L"out/", vxk_test::GK7, mx, ax, my, ay);
 }
 
 custom_params box(double xmin, double xmax, double ymin, double ymax, double dx, double dy) {

@@ -23,15 +23,6 @@ std::string file_text(const std::wstring& path) {
   return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
 }
 
-stdlist_params params(const vx::stdlist::stdlist_string& s, const std::wstring& dir) {
-  stdlist_params p(&s);
-  p.set_output_dir(dir.c_str());
-  p.set_scene_proj(vxk_test::GK7);
-  p.set_lon_divs(6, 6);
-  p.set_lat_divs(4, 6);
-  return p;
-}
-
 struct area_row {
   int id, code;
   std::string name;
@@ -59,7 +50,7 @@ area_row read_area_table(const std::wstring& shp) {
 
 TEST(Area, TheTableOfAStandardSheetHoldsItsDesignation) {
   const auto s = vxk_test::sheet(14, 37, 6);
-  auto p = params(s, vxk_test::output_dir("area_table"));
+  auto p = vxk_test::sheet_params(s, vxk_test::output_dir("area_table"));
   sheet_probe g(p);
   g.init_grid();
   ASSERT_TRUE(g.generate_hyps_a());
@@ -83,7 +74,7 @@ TEST(Area, TheTableOfAFreeBoxSaysBaseList) {
 
 TEST(Area, ANameTheCodePageCannotHoldLeavesNameEmptyAndTheStepSucceeds) {
   const auto s = vxk_test::sheet(14, 37);
-  auto p = params(s, vxk_test::output_dir("area_unconvertible"));
+  auto p = vxk_test::sheet_params(s, vxk_test::output_dir("area_unconvertible"));
   sheet_probe g(p);
   g.init_grid();
   ASSERT_TRUE(g.generate_hyps_a_dbf(L"N-37 \x4E2D"));
@@ -92,7 +83,7 @@ TEST(Area, ANameTheCodePageCannotHoldLeavesNameEmptyAndTheStepSucceeds) {
 
 TEST(Area, OnePolygonRunningClockwiseOnTheLatticeWithItsCornersTwice) {
   const auto s = vxk_test::sheet(14, 37);
-  auto p = params(s, vxk_test::output_dir("area_ring"));
+  auto p = vxk_test::sheet_params(s, vxk_test::output_dir("area_ring"));
   sheet_probe g(p);
   g.init_grid();
   ASSERT_TRUE(g.generate_hyps_a());
@@ -123,7 +114,7 @@ TEST(Area, OnePolygonRunningClockwiseOnTheLatticeWithItsCornersTwice) {
 TEST(ProjectionFiles, SceneFilesCarryTheSceneAndLatlongFilesPulkovo1942) {
   const auto s = vxk_test::sheet(14, 37);
   const std::wstring dir = vxk_test::output_dir("area_prj");
-  auto p = params(s, dir);
+  auto p = vxk_test::sheet_params(s, dir);
   sheet_probe g(p);
   ASSERT_TRUE(g.crt_proj_scn(dir + L"HYPS\\Any.shp"));
   const std::string prj = file_text(dir + L"HYPS/Any.prj");
@@ -145,7 +136,7 @@ TEST(ProjectionFiles, TheLatlongPrjIsPulkovoWhateverTheGeographicTextSays) {
   vx_options_set_style_libs_path(dir.wstring().c_str());
   const auto s = vxk_test::sheet(14, 37);
   const std::wstring out = vxk_test::output_dir("area_prj_other_geographic_out");
-  auto p = params(s, out);
+  auto p = vxk_test::sheet_params(s, out);
   sheet_probe g(p);
   const bool written = g.crt_proj_latlong(out + L"latlong\\HYPS\\Any.shp");
   vx_options_set_style_libs_path(nullptr);
@@ -157,7 +148,7 @@ TEST(ProjectionFiles, TheLatlongPrjIsPulkovoWhateverTheGeographicTextSays) {
 TEST(ProjectionFiles, AMissingFolderFailsTheProjectionFiles) {
   const auto s = vxk_test::sheet(14, 37);
   const std::wstring dir = vxk_test::output_dir("area_prj_missing", {});
-  auto p = params(s, dir);
+  auto p = vxk_test::sheet_params(s, dir);
   sheet_probe g(p);
   EXPECT_FALSE(g.crt_proj_scn(dir + L"HYPS\\Any.shp"));
   EXPECT_FALSE(g.crt_proj_latlong(dir + L"latlong\\HYPS\\Any.shp"));
@@ -166,7 +157,7 @@ TEST(ProjectionFiles, AMissingFolderFailsTheProjectionFiles) {
 TEST(Area, AMissingFolderFailsTheAreaBeforeAnyFile) {
   const auto s = vxk_test::sheet(14, 37);
   const std::wstring dir = vxk_test::output_dir("area_missing", {"FRAME"});
-  auto p = params(s, dir);
+  auto p = vxk_test::sheet_params(s, dir);
   sheet_probe g(p);
   g.init_grid();
   EXPECT_FALSE(g.generate_hyps_a());

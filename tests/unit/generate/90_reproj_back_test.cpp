@@ -15,16 +15,6 @@ using vxk_test::files_under;
 using vxk_test::shape_set;
 using vxk_test::sheet_probe;
 
-stdlist_params params(const vx::stdlist::stdlist_string& s, const std::wstring& dir,
-                      const wchar_t* scene = vxk_test::GK7) {
-  stdlist_params p(&s);
-  p.set_output_dir(dir.c_str());
-  p.set_scene_proj(scene);
-  p.set_lon_divs(6, 6);
-  p.set_lat_divs(4, 6);
-  return p;
-}
-
 // The projection files that the latlong set gets beside every path, its shape file there or not.
 std::set<std::string> latlong_projection_files() {
   std::set<std::string> out;
@@ -50,7 +40,7 @@ Tvx_rect2d extent(const std::wstring& path) {
 TEST(ReprojBack, TheAreaOfN37ComesBackToItsDegrees) {
   const auto s = vxk_test::sheet(14, 37);
   const std::wstring dir = vxk_test::output_dir("back_n37");
-  auto p = params(s, dir);
+  auto p = vxk_test::sheet_params(s, dir);
   sheet_probe g(p);
   ASSERT_TRUE(g.execute());
   EXPECT_EQ(files_under(dir), joined(joined(shape_set("HYPS", "Hypsa"), shape_set("latlong/HYPS", "Hypsa")),
@@ -82,7 +72,7 @@ TEST(ReprojBack, AFreeBoxGetsProjectionFilesBesideItsAbsentPoints) {
 TEST(ReprojBack, AGeographicSceneIsStillWrittenAndReprojected) {
   const auto s = vxk_test::sheet(14, 37);
   const std::wstring dir = vxk_test::output_dir("back_geographic");
-  auto p = params(s, dir, vxk_test::PULKOVO);
+  auto p = vxk_test::sheet_params(s, dir, vxk_test::PULKOVO);
   sheet_probe g(p);
   ASSERT_TRUE(g.execute());
   EXPECT_TRUE(fs::exists(fs::path(dir) / "latlong/HYPS/Hypsa.shp"));
@@ -93,7 +83,7 @@ TEST(ReprojBack, AGeographicSceneIsStillWrittenAndReprojected) {
 TEST(ReprojBack, FrameAdjHasNoLatlongCopy) {
   const auto s = vxk_test::sheet(14, 37, 6);
   const std::wstring dir = vxk_test::output_dir("back_frameadj");
-  auto p = params(s, dir);
+  auto p = vxk_test::sheet_params(s, dir);
   p.set_lon_divs(3, 20);
   p.set_lat_divs(2, 20);
   sheet_probe g(p);
@@ -110,7 +100,7 @@ TEST(ReprojBack, FrameAdjHasNoLatlongCopy) {
 TEST(ReprojBack, AMissingLatlongFrameFolderFailsAfterTheAreaIsCopied) {
   const auto s = vxk_test::sheet(14, 37);
   const std::wstring dir = vxk_test::output_dir("back_no_latlong_frame", {"HYPS", "FRAME", "latlong/HYPS"});
-  auto p = params(s, dir);
+  auto p = vxk_test::sheet_params(s, dir);
   EXPECT_FALSE(sheet_probe(p).execute());
   EXPECT_TRUE(files_under(dir).count("latlong/HYPS/Hypsa.shp"));
 }
@@ -118,7 +108,7 @@ TEST(ReprojBack, AMissingLatlongFrameFolderFailsAfterTheAreaIsCopied) {
 TEST(ReprojBack, AnEmptySceneShowsOnlyHere) {
   const auto s = vxk_test::sheet(14, 37);
   const std::wstring dir = vxk_test::output_dir("back_empty_scene");
-  auto p = params(s, dir, L"");
+  auto p = vxk_test::sheet_params(s, dir, L"");
   sheet_probe g(p);
   EXPECT_FALSE(g.execute());
   const auto files = files_under(dir);
@@ -130,7 +120,7 @@ TEST(ReprojBack, AStyleLibraryWithoutItsGeographicSystemFailsTheRun) {
   vx_options_set_style_libs_path(vxk_test::scratch_dir("back_no_style").wstring().c_str());
   const auto s = vxk_test::sheet(14, 37);
   const std::wstring dir = vxk_test::output_dir("back_no_geographic");
-  auto p = params(s, dir);
+  auto p = vxk_test::sheet_params(s, dir);
   const bool result = sheet_probe(p).execute();
   vx_options_set_style_libs_path(nullptr);
   EXPECT_FALSE(result);
@@ -140,7 +130,7 @@ TEST(ReprojBack, AStyleLibraryWithoutItsGeographicSystemFailsTheRun) {
 TEST(ReprojBack, WithoutTheSceneAreaThereIsNothingToDo) {
   const auto s = vxk_test::sheet(14, 37);
   const std::wstring dir = vxk_test::output_dir("back_no_area");
-  auto p = params(s, dir);
+  auto p = vxk_test::sheet_params(s, dir);
   sheet_probe g(p);
   g.init_grid();
   EXPECT_FALSE(g.reproj_back());

@@ -9,8 +9,8 @@
 #include <string>
 #include <vector>
 
+#include "error_log.h"
 #include "stdlist/generate/00_params.h"
-#include "support/env.h"
 #include "support/rc.h"
 #include "test_paths.h"
 #include "vxk_proj4_shp.h"
@@ -68,25 +68,18 @@ inline std::set<std::string> shape_set(const std::string& folder, const std::str
   return out;
 }
 
-// Keeps the error texts that reach the environment while it lives.
-class message_log : public Tvx_env {
- public:
-  message_log() { Tvx_env_main::set_env(this); }
-  ~message_log() override { Tvx_env_main::set_env(nullptr); }
-  message_log(const message_log&) = delete;
-  message_log& operator=(const message_log&) = delete;
+using message_log = error_log;
 
-  std::vector<std::string> errors;
-  void message(const char*) override {}
-  void error(const char* text) override { errors.emplace_back(text); }
-  void set_debug_flag(bool) override {}
-  void debug_message(const char*) override {}
-  void* wait_start(const char*) override { return nullptr; }
-  void wait_finish(void*, int) override {}
-  void* progress_start(const char*) override { return nullptr; }
-  void progress(void*, uint32_t, uint32_t) override {}
-  void progress_finish(void*, int) override {}
-  bool stopped() override { return false; }
-};
+// Parameters of a standard sheet written under dir in the scene, with the divisions given.
+inline vx::stdlist::stdlist_params sheet_params(const vx::stdlist::stdlist_string& s, const std::wstring& dir,
+                                                const wchar_t* scene = GK7, int lon_main = 6,
+                                                int lon_addt = 6, int lat_main = 4, int lat_addt = 6) {
+  vx::stdlist::stdlist_params p(&s);
+  p.set_output_dir(dir.c_str());
+  p.set_scene_proj(scene);
+  p.set_lon_divs(lon_main, lon_addt);
+  p.set_lat_divs(lat_main, lat_addt);
+  return p;
+}
 
 }  // namespace vxk_test
