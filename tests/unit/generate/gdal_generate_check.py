@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Generated sheets read by GDAL, as a host sees them through the public functions (ctypes).
+"""Generated sheets read by GDAL. The sheets are made by generate_tool, a C host of the public header.
 
 For each sheet, generated in its Gauss-Kruger zone on Pulkovo 1942 and again with a geographic scene:
   - the latlong "Hypsa.shp" has one record, the sheet's geographic box to 1e-7 degree (the corners
@@ -12,9 +12,8 @@ For each sheet, generated in its Gauss-Kruger zone on Pulkovo 1942 and again wit
 Longitudes are compared modulo 360: every reprojection of the library wraps longitudes around the
 meridian 45 (to -135 up to 225), so the sheets of column 1 come back at 180 to 186 degrees east, which
 is the same place.
-Needs GDAL's Python bindings (python3-gdal) and gdal-bin; the library is found through VXK_LIB.
+Needs GDAL's Python bindings (python3-gdal) and gdal-bin. Usage: gdal_generate_check.py GENERATE_TOOL
 """
-import ctypes
 import os
 import shutil
 import subprocess
@@ -99,43 +98,15 @@ SHEETS = [
 ]
 
 
-def library():
-    lib = ctypes.CDLL(os.environ["VXK_LIB"])
-    p, w, i, u = ctypes.c_void_p, ctypes.c_wchar_p, ctypes.c_int, ctypes.c_uint64
-    for name, args, res in [
-        ("vx_stdlist_create", [], p), ("vx_stdlist_destroy", [p], None),
-        ("vx_stdlist_init", [p, i, i, i], ctypes.c_bool),
-        ("vx_stdlist_set_mln_letter_idx", [p, u], ctypes.c_bool), ("vx_stdlist_set_mln_number", [p, u], ctypes.c_bool),
-        ("vx_stdlist_set_200_roman_idx", [p, u], ctypes.c_bool),
-        ("vx_stdlist_params_create", [p], p), ("vx_stdlist_params_destroy", [p], None),
-        ("vx_stdlist_params_set_output_dir", [p, w], None), ("vx_stdlist_params_set_scene_proj", [p, w], None),
-        ("vx_stdlist_params_set_lon_divs", [p, i, i], None), ("vx_stdlist_params_set_lat_divs", [p, i, i], None),
-        ("vx_stdlist_generate_shapes", [p], ctypes.c_bool),
-    ]:
-        f = getattr(lib, name)
-        f.argtypes, f.restype = args, res
-    return lib
-
-
-def generate(lib, sheet, scene, out):
+def generate(tool, sheet, scene, out):
     shutil.rmtree(out, ignore_errors=True)
     for folder in ("HYPS", "FRAME", "latlong/HYPS", "latlong/FRAME"):
         os.makedirs(os.path.join(out, folder))
-    record = lib.vx_stdlist_create()
-    lib.vx_stdlist_init(record, 4 if sheet.roman else 1, sheet.joined, 2 if sheet.south else 1)
-    lib.vx_stdlist_set_mln_letter_idx(record, LETTERS.index(sheet.letter) + 1)
-    lib.vx_stdlist_set_mln_number(record, sheet.number)
-    if sheet.roman:
-        lib.vx_stdlist_set_200_roman_idx(record, sheet.roman)
-    params = lib.vx_stdlist_params_create(record)
-    lib.vx_stdlist_params_set_output_dir(params, out + "/")
-    lib.vx_stdlist_params_set_scene_proj(params, scene)
-    lib.vx_stdlist_params_set_lon_divs(params, *((3 * sheet.joined, 20) if sheet.roman else (6 * sheet.joined, 6)))
-    lib.vx_stdlist_params_set_lat_divs(params, *((2, 20) if sheet.roman else (4, 6)))
-    ok = lib.vx_stdlist_generate_shapes(params)
-    lib.vx_stdlist_params_destroy(params)
-    lib.vx_stdlist_destroy(record)
-    return ok
+    divisions = (3 * sheet.joined, 20, 2, 20) if sheet.roman else (6 * sheet.joined, 6, 4, 6)
+    args = [tool, str(LETTERS.index(sheet.letter) + 1), str(sheet.number), str(sheet.roman), str(sheet.joined),
+            "1" if sheet.south else "0", scene, out + "/", *map(str, divisions)]
+    run = subprocess.run(args, capture_output=True, text=True)
+    return run.returncode == 0
 
 
 def ring(path):
@@ -224,13 +195,13 @@ def self_test(root):
 
 
 def main():
-    lib = library()
+    tool = sys.argv[1]
     root = os.path.join(os.environ.get("VXK_TEST_TMP", "/tmp"), "gdal_generate_check")
     problems = []
     for sheet in SHEETS:
         for scene in (sheet.zone(), PULKOVO):
             out = os.path.join(root, sheet.name().replace(",", "_") + ("_latlong" if scene == PULKOVO else ""))
-            if not generate(lib, sheet, scene, out):
+            if not generate(tool, sheet, scene, out):
                 problems.append(f"{sheet.name()} in {scene}: the generator answered false")
                 continue
             for path in ("HYPS/Hypsa.shp", "latlong/HYPS/Hypsa.shp"):
