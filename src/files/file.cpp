@@ -51,10 +51,12 @@ int Tvx_file::open_mode(const std::wstring& path, const char* mode) {
   return 1;
 }
 
+// Buffered bytes reach the disk only here, so a failed close is a failed write.
 void Tvx_file::close() {
   if (!f_stream) return;
-  std::fclose(f_stream);
+  const bool flushed = std::fclose(f_stream) == 0;
   f_stream = nullptr;
+  if (!flushed) err_write();
 }
 
 void Tvx_file::seek(uint32_t position) {

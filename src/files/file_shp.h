@@ -52,6 +52,8 @@ class Tvx_file_shp_exe {
   Tvx_rect2d get_rect2d() const { return f_rect; }
   unsigned get_no() const { return f_count; }
   int get_type() const { return convert_m_type(f_type); }
+  // Both the main file and its index are open.
+  bool is_open() const;
 
   int get_obj_type(unsigned i);
   bool get_point(Tvx_point2d* p);
@@ -140,6 +142,7 @@ class Tvx_file_shp {
   Tvx_rect2d get_rect2d() const { return f_exe->get_rect2d(); }
   unsigned get_no() const { return f_exe->get_no(); }
   int get_type() const { return f_exe->get_type(); }
+  bool is_open() const { return f_exe->is_open(); }
   int get_obj_type(unsigned i) { return f_exe->get_obj_type(i); }
 
   bool get_point(Tvx_point2d* p) { return f_exe->get_point(p); }

@@ -52,12 +52,23 @@ bool Tvx_env_main::stopped() {
 
 void Tvx_env_main::error_rc(int block, int index, ...) {
   if (!f_env) return;
-  const std::string format = Tvx_rc::get_str(block, index);
-  char text[2048];
   va_list args;
   va_start(args, index);
-  std::vsnprintf(text, sizeof text, format.c_str(), args);
+  error_format(Tvx_rc::get_str(block, index), args);
   va_end(args);
+}
+
+void Tvx_env_main::error_ext(int block, int index, ...) {
+  if (!f_env) return;
+  va_list args;
+  va_start(args, index);
+  error_format(Tvx_rc::get_ext_str(block, index), args);
+  va_end(args);
+}
+
+void Tvx_env_main::error_format(const std::string& format, va_list args) {
+  char text[2048];
+  std::vsnprintf(text, sizeof text, format.c_str(), args);
   f_env->error(text);
 }
 

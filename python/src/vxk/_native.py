@@ -49,6 +49,22 @@ class Tvx_pp2d(Structure):
     """A point vector."""
 
 
+class Tvx_op2d(Structure):
+    """An object vector: the parts of one shape record."""
+
+
+class Tvx_shp_basic(Structure):
+    """A shape file open for writing."""
+
+
+class Tvx_stdlist_params(Structure):
+    """The generation parameters of a standard sheet."""
+
+
+class Tvx_stdlist_custom_params(Structure):
+    """The generation parameters of a free box."""
+
+
 class Tvx_rpj_fb_d2(Structure):
     """A batch reprojector."""
 
@@ -115,6 +131,10 @@ class Tvx_vtx_d2(Structure):
     _fields_ = [("x", c_double), ("y", c_double)]
 
 
+class Tvx_dbf_field(Structure):
+    _fields_ = [("name", ctypes.c_char * 11), ("type", ctypes.c_uint8), ("width", ctypes.c_uint8), ("decimals", ctypes.c_uint8)]
+
+
 # --- the declarations ----------------------------------------------------------------------------------
 
 SINK = POINTER(Ivx_string_adp)
@@ -124,6 +144,11 @@ LIST = POINTER(Tvx_text_list_base)
 TEXT = POINTER(Tvx_text_data)
 CALLOUT = POINTER(Tvx_callout)
 TLD = POINTER(Tvx_tld_file)
+PV = POINTER(Tvx_pp2d)
+OV = POINTER(Tvx_op2d)
+SHP = POINTER(Tvx_shp_basic)
+PARAMS = POINTER(Tvx_stdlist_params)
+CUSTOM = POINTER(Tvx_stdlist_custom_params)
 
 Signature = Tuple[Any, List[Any]]
 
@@ -139,6 +164,10 @@ DECLARATIONS: Dict[str, Dict[str, Signature]] = {
         "vx_res_set_lng": (None, [c_int]),
         "vx_env_install_out": (None, [POINTER(vx_env_callbacks), c_void_p]),
         "vx_env_remove_out": (None, []),
+    },
+    "options": {
+        "vx_options_get_style_libs_path": (c_wchar_p, []),
+        "vx_options_set_style_libs_path": (None, [c_wchar_p]),
     },
     "stdlist": {
         "vx_stdlist_fetch_hemispheres": (None, [SINK]),
@@ -219,6 +248,36 @@ DECLARATIONS: Dict[str, Dict[str, Signature]] = {
             ],
         ),
     },
+    "vectors": {
+        "vx_pv_d2_create": (PV, []),
+        "vx_pv_d2_destroy": (None, [PV]),
+        "vx_pv_d2_clear": (None, [PV]),
+        "vx_pv_d2_set_size": (None, [PV, c_uint32]),
+        "vx_pv_d2_get_size": (c_uint32, [PV]),
+        "vx_pv_d2_get_vtx": (Tvx_vtx_d2, [PV, c_uint32]),
+        "vx_pv_d2_set_vtx": (None, [PV, c_uint32, Tvx_vtx_d2]),
+        "vx_pv_d2_add_vtx": (None, [PV, Tvx_vtx_d2]),
+        "vx_pv_d2_add_pv": (None, [PV, PV]),
+        "vx_pv_d2_assign": (None, [PV, PV]),
+        "vx_pv_d2_get_length": (c_double, [PV]),
+        "vx_ov_d2_create": (OV, []),
+        "vx_ov_d2_add": (PV, [OV]),
+        "vx_ov_d2_clear": (None, [OV]),
+        "vx_ov_d2_destroy": (None, [OV]),
+    },
+    "writers": {
+        "vx_shp_file_create_w": (SHP, [c_wchar_p, c_int]),
+        "vx_shp_file_add_polypoint": (c_bool, [SHP, OV, c_int]),
+        "vx_shp_file_add_point": (c_bool, [SHP, Tvx_vtx_d2]),
+        "vx_shp_file_close": (None, [SHP]),
+        "vx_dbf_field_init": (c_bool, [POINTER(Tvx_dbf_field), c_char_p, c_int, c_int, c_int]),
+        "vx_dbf_create_w": (c_void_p, [c_wchar_p, c_int, c_int, POINTER(Tvx_dbf_field), c_int]),
+        "vx_dbf_get_nr": (c_int32, [c_void_p]),
+        "vx_dbf_add_records": (c_bool, [c_void_p, c_int]),
+        "vx_dbf_set_int": (c_bool, [c_void_p, c_int, c_int, c_int32]),
+        "vx_dbf_set_str": (c_bool, [c_void_p, c_int, c_int, c_char_p]),
+        "vx_dbf_close": (None, [c_void_p]),
+    },
     "proj-services": {
         "vx_pj4_is_longlat_w": (c_bool, [c_wchar_p]),
         "vx_pj4_load_simple_w": (c_bool, [c_wchar_p, SINK]),
@@ -285,7 +344,22 @@ DECLARATIONS: Dict[str, Dict[str, Signature]] = {
         "vx_proj4_tld": (c_bool, [c_char_p, c_char_p, c_char_p, c_char_p]),
         "vx_proj4_xsp": (c_bool, [c_char_p, c_char_p, c_char_p, c_char_p]),
     },
-    "generation": {},
+    "generation": {
+        "vx_stdlist_params_create": (PARAMS, [SHEET]),
+        "vx_stdlist_params_destroy": (None, [PARAMS]),
+        "vx_stdlist_params_set_output_dir": (None, [PARAMS, c_wchar_p]),
+        "vx_stdlist_params_set_lat_divs": (None, [PARAMS, c_int, c_int]),
+        "vx_stdlist_params_set_lon_divs": (None, [PARAMS, c_int, c_int]),
+        "vx_stdlist_params_set_scene_proj": (None, [PARAMS, c_wchar_p]),
+        "vx_stdlist_generate_shapes": (c_bool, [PARAMS]),
+        "vx_stdlist_custom_params_create": (CUSTOM, []),
+        "vx_stdlist_custom_params_destroy": (None, [CUSTOM]),
+        "vx_stdlist_custom_params_set_box": (None, [CUSTOM, c_double, c_double, c_double, c_double]),
+        "vx_stdlist_custom_params_set_output_dir": (None, [CUSTOM, c_wchar_p]),
+        "vx_stdlist_custom_params_set_grid_steps": (None, [CUSTOM, c_double, c_double]),
+        "vx_stdlist_custom_params_set_scene_proj": (None, [CUSTOM, c_wchar_p]),
+        "vx_stdlist_custom_generate_shapes": (c_bool, [CUSTOM]),
+    },
 }
 
 

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "error_log.h"
 #include "support/ansi_code_page.h"
 #include "support/env.h"
 #include "support/rc.h"
@@ -13,21 +14,7 @@
 
 namespace {
 
-// An environment that keeps the error texts it receives.
-class error_log : public Tvx_env {
- public:
-  std::vector<std::string> errors;
-  void message(const char*) override {}
-  void error(const char* text) override { errors.push_back(text); }
-  void set_debug_flag(bool) override {}
-  void debug_message(const char*) override {}
-  void* wait_start(const char*) override { return nullptr; }
-  void wait_finish(void*, int) override {}
-  void* progress_start(const char*) override { return nullptr; }
-  void progress(void*, uint32_t, uint32_t) override {}
-  void progress_finish(void*, int) override {}
-  bool stopped() override { return false; }
-};
+using vxk_test::error_log;
 
 class FileTest : public ::testing::Test {
  protected:
@@ -92,6 +79,16 @@ TEST_F(FileTest, WriteOfZeroBytesReportsTheWriteError) {
   EXPECT_EQ(f.write("x", 0), 0);
   ASSERT_EQ(log.errors.size(), 1u);
   EXPECT_EQ(log.errors[0], "Error writing file: \"/\"");
+}
+
+TEST_F(FileTest, BytesThatCannotReachTheDiskAtCloseReportTheWriteError) {
+  Tvx_file f;
+  ASSERT_EQ(f.create("/dev/full"), 0);
+  EXPECT_EQ(f.write("abc", 3), 0);  // buffered: no error yet
+  f.close();
+  ASSERT_EQ(log.errors.size(), 1u);
+  EXPECT_EQ(log.errors[0], "Error writing file: \"/\"");
+  EXPECT_FALSE(f.is_open());
 }
 
 TEST_F(FileTest, ReadPastTheEndReportsAndTheStreamGoesOn) {

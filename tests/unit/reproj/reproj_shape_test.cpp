@@ -10,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "error_log.h"
 #include "files/file_shp.h"
 #include "geom/geom2d.h"
 #include "geom/geom3d.h"
@@ -110,23 +111,7 @@ class measured_file {
   std::vector<std::string> records_;
 };
 
-// Collects what the library reports through the environment.
-class error_log : public Tvx_env {
- public:
-  error_log() { Tvx_env_main::set_env(this); }
-  ~error_log() override { Tvx_env_main::set_env(nullptr); }
-  void message(const char*) override {}
-  void error(const char* text) override { errors.emplace_back(text); }
-  void set_debug_flag(bool) override {}
-  void debug_message(const char*) override {}
-  void* wait_start(const char*) override { return nullptr; }
-  void wait_finish(void*, int) override {}
-  void* progress_start(const char*) override { return nullptr; }
-  void progress(void*, uint32_t, uint32_t) override {}
-  void progress_finish(void*, int) override {}
-  bool stopped() override { return false; }
-  std::vector<std::string> errors;
-};
+using vxk_test::error_log;
 
 class ReprojShape : public ::testing::Test {
  protected:
