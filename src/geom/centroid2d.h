@@ -39,15 +39,34 @@ class Tvx_centroid2d {
   bool do_exec();
 
  private:
+  // A crossing of an edge with a scan line, as found.
+  struct crossing {
+    int line;
+    double x;
+  };
+
   bool calc_y();
   bool calc_line_x();
   bool select_one();
   void add_crossings(const Tvx_point2d& p, const Tvx_point2d& q);
+  // Filled in place: a crossing built aside and copied in costs a stall.
+  void push(int line, double x) {
+    crossing& c = found.emplace_back();
+    c.line = line;
+    c.x = x;
+  }
+  int first_line_from(double y) const;
+  void sort_by_line();
 
   Tvx_op2d* op = nullptr;
   Tvx_point2d* result = nullptr;
-  std::vector<double> ys;                     // the scan lines' y, rising
-  std::array<std::vector<double>, LINES> xs;  // the crossings of each scan line
+  std::array<double, LINES> ys{};   // the scan lines' y, rising
+  double y0 = 0.0, per_step = 0.0;  // the lowest y and 1 / the lines' step
+  std::vector<crossing> found;
+  // The crossings of scan line i, sorted, are xs[starts[i]] to xs[starts[i + 1] - 1]: the lists of
+  // all lines in one vector, which costs one allocation instead of one for each line.
+  std::vector<double> xs;
+  std::array<std::size_t, LINES + 1> starts{};
 };
 
 class Tvx_multipart_centroid2d {

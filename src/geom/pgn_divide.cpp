@@ -34,45 +34,99 @@ bool first_vertex_not_in(const Tvx_pp2d* b, Pred&& is_vertex_of_a, Tvx_point2d& 
   return false;
 }
 
-// The vertices of a ring, sorted, to ask in log n whether a point is one of them. Exact comparison:
-// the rings given here have no NaN, since a NaN makes a ring's area NaN and drops it.
-class vertex_set {
+// Decides, for one outer ring at a time, which of the rings whose rectangles lie within its rectangle
+// lie in it, by the rule of include_pp2d_div_attr; its buffers serve every outer ring in turn.
+class containment {
  public:
-  explicit vertex_set(const Tvx_pp2d* ring) {
-    sorted.reserve(static_cast<std::size_t>(ring->get_size()));
-    for (int i = 0; i < ring->get_size(); ++i) sorted.push_back(ring->get(i));
-    std::sort(sorted.begin(), sorted.end());
-  }
-  bool has(const Tvx_point2d& p) const { return std::binary_search(sorted.begin(), sorted.end(), p); }
+  containment(const Tvx_pp2d_div_attr_vec& attrs, const std::vector<Tvx_rect2d>& rects, work_meter& meter)
+      : attrs(attrs), rects(rects), meter(meter) {}
+
+  // The positions in `within` of the rings that lie in `outer`, by descending position.
+  const std::vector<unsigned int>& held(const Tvx_pp2d* outer, const std::vector<unsigned int>& within);
 
  private:
-  std::vector<Tvx_point2d> sorted;
+  void collect_shared(const Tvx_pp2d* outer, const std::vector<unsigned int>& within);
+  bool is_shared(const Tvx_point2d& p);
+  void include_all(const Tvx_pp2d* outer);
+
+  const Tvx_pp2d_div_attr_vec& attrs;
+  const std::vector<Tvx_rect2d>& rects;
+  work_meter& meter;
+  std::vector<Tvx_point2d> shared;   // the outer ring's vertices that an inner ring may share, sorted
+  std::vector<Tvx_point2d> probes;   // the deciding vertex of each inner ring ...
+  std::vector<unsigned int> owners;  // ... and the ring's position
+  std::vector<std::uint32_t> by_y;   // the probes in rising y
+  std::vector<double> ys;
+  std::vector<char> odd, on_edge;
+  std::vector<unsigned int> inner;
 };
 
-// Tvx_pp2d::include of each point in a closed ring, for all points in one pass over the ring's edges:
-// an edge looks only at the points whose y lies within its own span, the only ones it can count for.
-std::vector<bool> include_all(const Tvx_pp2d* ring, const std::vector<Tvx_point2d>& pts, work_meter& meter) {
-  std::vector<std::uint32_t> by_y(pts.size());
-  std::iota(by_y.begin(), by_y.end(), 0u);
-  std::sort(by_y.begin(), by_y.end(), [&](std::uint32_t a, std::uint32_t b) { return pts[a].y < pts[b].y; });
-  std::vector<double> ys(pts.size());
-  for (std::size_t k = 0; k < by_y.size(); ++k) ys[k] = pts[by_y[k]].y;
+const std::vector<unsigned int>& containment::held(const Tvx_pp2d* outer,
+                                                   const std::vector<unsigned int>& within) {
+  collect_shared(outer, within);
+  probes.clear();
+  owners.clear();
+  for (unsigned int b : within) {
+    Tvx_point2d p = vx_point2d();
+    const auto shared_with_outer = [this](const Tvx_point2d& v) { return is_shared(v); };
+    if (!first_vertex_not_in(attrs.get(static_cast<int>(b))->get_pp_ptr(), shared_with_outer, p)) continue;
+    probes.push_back(p);
+    owners.push_back(b);
+  }
+  include_all(outer);
+  inner.clear();
+  for (std::size_t k = 0; k < owners.size(); ++k)
+    if (odd[k]) inner.push_back(owners[k]);
+  std::sort(inner.rbegin(), inner.rend());
+  return inner;
+}
 
-  std::vector<bool> odd(pts.size(), false), on_edge(pts.size(), false);
-  for (int i = 1; i < ring->get_size(); ++i) {
-    const Tvx_point2d p = ring->get(i - 1), q = ring->get(i);
-    const auto first = std::lower_bound(ys.begin(), ys.end(), std::min(p.y, q.y));
-    const auto last = std::upper_bound(first, ys.end(), std::max(p.y, q.y));
+// A vertex of an inner ring lies in that ring's rectangle, so only the outer ring's vertices within
+// the union of those rectangles can be shared. Exact comparison: the rings here have no NaN, since a
+// NaN makes a ring's area NaN and drops it.
+void containment::collect_shared(const Tvx_pp2d* outer, const std::vector<unsigned int>& within) {
+  Tvx_rect2d box = vx_rect2d();
+  for (unsigned int b : within) box = vx_rect2d_unite(box, rects[b]);
+  shared.clear();
+  for (int i = 0; i < outer->get_size(); ++i)
+    if (vx_rect2d_include(box, outer->get(i))) shared.push_back(outer->get(i));
+  std::sort(shared.begin(), shared.end());
+}
+
+bool containment::is_shared(const Tvx_point2d& p) {
+  meter.spend(1);
+  return std::binary_search(shared.begin(), shared.end(), p);
+}
+
+// Tvx_pp2d::include of every probe in the outer ring, for all probes in one pass over the ring's edges:
+// an edge looks only at the probes whose y lies within its own span, the only ones it can count for.
+void containment::include_all(const Tvx_pp2d* outer) {
+  const std::size_t n = probes.size();
+  meter.spend(n);  // sorting the probes
+  by_y.resize(n);
+  std::iota(by_y.begin(), by_y.end(), 0u);
+  std::sort(by_y.begin(), by_y.end(),
+            [this](std::uint32_t a, std::uint32_t b) { return probes[a].y < probes[b].y; });
+  ys.resize(n);
+  for (std::size_t k = 0; k < n; ++k) ys[k] = probes[by_y[k]].y;
+  odd.assign(n, 0);
+  on_edge.assign(n, 0);
+  if (n == 0) return;
+  for (int i = 1; i < outer->get_size(); ++i) {
+    const Tvx_point2d p = outer->get(i - 1), q = outer->get(i);
+    const double lo = std::min(p.y, q.y), hi = std::max(p.y, q.y);
+    if (hi < ys.front() || lo > ys.back()) continue;
+    const auto first = std::lower_bound(ys.begin(), ys.end(), lo);
+    const auto last = std::upper_bound(first, ys.end(), hi);
     meter.spend(static_cast<unsigned long long>(last - first));
     for (auto k = first; k != last; ++k) {
       const std::uint32_t j = by_y[static_cast<std::size_t>(k - ys.begin())];
-      const vx::geom::edge_hit hit = vx::geom::ray_hit(p, q, pts[j].x, pts[j].y);
-      if (hit == vx::geom::edge_hit::boundary) on_edge[j] = true;
+      const vx::geom::edge_hit hit = vx::geom::ray_hit(p, q, probes[j].x, probes[j].y);
+      if (hit == vx::geom::edge_hit::boundary) on_edge[j] = 1;
       if (hit == vx::geom::edge_hit::count) odd[j] = !odd[j];
     }
   }
-  for (std::size_t j = 0; j < pts.size(); ++j) odd[j] = odd[j] || on_edge[j];
-  return odd;
+  for (std::size_t j = 0; j < n; ++j) odd[j] = odd[j] || on_edge[j];
 }
 
 }  // namespace
@@ -150,9 +204,11 @@ void Tvx_op2d_divide_exe::proc_vec() {
   for (int i = 0; i < n; ++i) rects[i] = attrs->get(i)->get_pp_ptr()->get_rect();
   const vx::geom::corner_index index(rects);
   work_meter meter;
+  containment test(*attrs, rects, meter);
+  std::vector<unsigned int> within;
   for (int a = n - 1; a >= 1; --a) {
     Tvx_pp2d_div_attr* outer = attrs->get(a);
-    std::vector<unsigned int> within;
+    within.clear();
     index.corners_in(rects[a], [&](std::uint32_t b) {
       meter.spend(1);
       if (static_cast<int>(b) < a && attrs->get(static_cast<int>(b))->get_square() < outer->get_square() &&
@@ -160,27 +216,7 @@ void Tvx_op2d_divide_exe::proc_vec() {
         within.push_back(b);
     });
     if (within.empty()) continue;
-    meter.spend(within.size());  // sorting the probes by y
-
-    const vertex_set shared(outer->get_pp_ptr());
-    const auto is_shared = [&](const Tvx_point2d& p) {
-      meter.spend(1);
-      return shared.has(p);
-    };
-    std::vector<Tvx_point2d> probes;
-    std::vector<unsigned int> owners;
-    for (unsigned int b : within) {
-      Tvx_point2d p = vx_point2d();
-      if (!first_vertex_not_in(attrs->get(static_cast<int>(b))->get_pp_ptr(), is_shared, p)) continue;
-      probes.push_back(p);
-      owners.push_back(b);
-    }
-    const std::vector<bool> held = include_all(outer->get_pp_ptr(), probes, meter);
-    std::vector<unsigned int> inner;
-    for (std::size_t k = 0; k < owners.size(); ++k)
-      if (held[k]) inner.push_back(owners[k]);
-    std::sort(inner.rbegin(), inner.rend());
-    for (unsigned int b : inner) {
+    for (unsigned int b : test.held(outer->get_pp_ptr(), within)) {
       outer->add_include(b);
       attrs->get(static_cast<int>(b))->add_inside();
     }

@@ -2,7 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cmath>
 #include <limits>
+#include <random>
+#include <vector>
 
 #include "ring_shapes.h"
 
@@ -159,6 +163,88 @@ TEST(MultipartCentroid2d, TheSourceItselfWhenTheDivisionGivesNothing) {
   EXPECT_FALSE(m.exec(&op, &p));
   EXPECT_EQ(m.find_big_op(), &op);
   EXPECT_EQ(p.x, kUntouched.x);
+}
+
+}  // namespace
+
+namespace {
+
+// The scan-line rule written out plainly: 50 lists, every edge tested against every line.
+bool reference_point(Tvx_op2d* op, Tvx_point2d* out) {
+  double lo = 0, hi = 0;
+  bool any = false;
+  for (int k = 0; k < op->get_size(); ++k)
+    for (int i = 0; i < op->get(k)->get_size(); ++i) {
+      const double y = op->get(k)->get(i).y;
+      lo = any ? std::min(lo, y) : y;
+      hi = any ? std::max(hi, y) : y;
+      any = true;
+    }
+  if (!any || !(hi > lo)) return false;
+  const int n = 50;
+  const double step = (hi - lo) / (n + 2);
+  std::vector<std::vector<double>> xs(n);
+  for (int k = 0; k < op->get_size(); ++k) {
+    const Tvx_pp2d* pp = op->get(k);
+    if (!pp->is_closed()) return false;
+    for (int e = 1; e < pp->get_size(); ++e)
+      for (int i = 0; i < n; ++i) {
+        const double y = (i + 1) * step + lo;
+        const Tvx_point2d a = pp->get(e - 1), b = pp->get(e);
+        const Tvx_point2d l = a.y <= b.y ? a : b, u = a.y <= b.y ? b : a;
+        if ((y > l.y && y > u.y) || (y < l.y && y < u.y)) continue;
+        if (l.y < y && y < u.y)
+          xs[i].push_back(l.x + (y - l.y) * (u.x - l.x) / (u.y - l.y));
+        else if (y == l.y && u.y > y)
+          xs[i].push_back(l.x);
+      }
+  }
+  double best = 0;
+  bool found = false;
+  for (int i = 0; i < n; ++i) {
+    std::sort(xs[i].begin(), xs[i].end());
+    if (xs[i].empty() || xs[i].size() % 2) continue;
+    const double w = std::fabs((i - n * 0.5 + 0.5) / (n * 0.5));
+    for (std::size_t k = 0; k + 1 < xs[i].size(); k += 2) {
+      const double score = (1.0 - w) * (xs[i][k + 1] - xs[i][k]);
+      if (score > best) {
+        best = score;
+        *out = vx_point2d(xs[i][k] + (xs[i][k + 1] - xs[i][k]) * 0.5, (i + 1) * step + lo);
+        found = true;
+      }
+    }
+  }
+  return found;
+}
+
+// Random rings, some on a grid of the scan lines' own spacing so that vertices and horizontal edges
+// fall on the lines, some far from the origin so that neighbouring lines share a y.
+TEST(Centroid2d, AgreesBitForBitWithThePlainRule) {
+  std::mt19937 rng(3);
+  std::uniform_int_distribution<int> grid(0, 52), corners(3, 40), rings(1, 4);
+  std::uniform_real_distribution<double> u(-100, 100);
+  int found[3] = {0, 0, 0};
+  for (int round = 0; round < 3000; ++round) {
+    Tvx_op2d op;
+    const int kind = round % 3;
+    const double base = kind == 2 ? 1e17 : 0.0;
+    for (int r = rings(rng); r > 0; --r) {
+      ring pts;
+      for (int i = corners(rng); i > 0; --i)
+        pts.push_back(kind == 0 ? vx_point2d(grid(rng), grid(rng))
+                                : vx_point2d(u(rng), base + u(rng) * (base > 0 ? 0.2 : 8.0)));
+      pts.push_back(pts.front());
+      add_ring(&op, pts);
+    }
+    Tvx_point2d want = kUntouched, got = kUntouched;
+    const bool ok_want = reference_point(&op, &want);
+    const bool ok_got = Tvx_centroid2d::execute(&op, &got);
+    ASSERT_EQ(ok_got, ok_want) << "round " << round;
+    found[kind] += ok_got;
+    EXPECT_EQ(got.x, want.x) << "round " << round;
+    EXPECT_EQ(got.y, want.y) << "round " << round;
+  }
+  for (int n : found) EXPECT_GT(n, 500);
 }
 
 }  // namespace
