@@ -20,7 +20,9 @@ class Tvx_affine2d {
   Tvx_affine2d* clone() const { return new Tvx_affine2d(*this); }
   // True when every coefficient differs from its fellow by less than the plane tolerance.
   bool equal(const Tvx_affine2d* other) const;
-  // Turns the mapping into its inverse; false, with no change, when it has none.
+  // Turns the mapping into its inverse; false, with no change, when it has none: a pivot of the
+  // elimination not above 1e-16 (a scale of 0, parallel rows), or a coefficient or an inverse
+  // coefficient that is not finite.
   bool invert();
 
   // a = sx, e = sy, the rest 0.
@@ -69,7 +71,7 @@ class Tvx_affine3d {
   Tvx_affine3d* clone() const { return new Tvx_affine3d(*this); }
   // True when every coefficient differs from its fellow by less than the plane tolerance.
   bool equal(const Tvx_affine3d* other) const;
-  // Turns the mapping into its inverse; false, with no change, when it has none.
+  // Turns the mapping into its inverse; false, with no change, when it has none (as in the plane).
   bool invert();
 
   // Scale by dx, dy, dz, turn about the z axis by the angle (radians), then move to (x0, y0, z0). The

@@ -284,6 +284,17 @@ TEST(Op2dRefpnt, PolygonWithNoHeightFallsBackToTheRectangleMiddle) {
   EXPECT_EQ(p, vx_point2d(5, 3));
 }
 
+// Rings of no area: the division keeps none, so the scan lines run over the source, where each line
+// meets the lines out and back twice at one x: no stretch has any width, and the fallback applies.
+TEST(Op2dRefpnt, PolygonOfNoAreaFallsBackToTheRectangleMiddle) {
+  Tvx_op2d op;
+  add_pts(&op, {{0, 0}, {0, 10}, {0, 0}});
+  add_pts(&op, {{4, 0}, {6, 10}, {4, 0}});
+  Tvx_point2d p = vx_point2d(-1, -1);
+  ASSERT_TRUE(op.calc_pgn_refpnt(&p));
+  EXPECT_EQ(p, vx_point2d(3, 5));
+}
+
 TEST(Op2dRefpnt, LineGetsItsPointNearestToTheRectangleMiddle) {
   Tvx_op2d op;
   add_pts(&op, {{0, 0}, {2, 0}, {10, 8}});  // middle (5, 4): the foot on the second segment
