@@ -10,6 +10,7 @@ packages=(
   libproj-dev proj-data proj-bin
   libgtest-dev libgmock-dev libbenchmark-dev
   gdal-bin python3-gdal python3-numpy
+  python3-venv python3-pytest python3-setuptools python3-wheel
   r-cran-spdata
   libgeos-dev
   clang-14 libclang-rt-14-dev
