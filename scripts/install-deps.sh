@@ -6,6 +6,7 @@ packages=(
   build-essential cmake ninja-build pkg-config python3 binutils
   libproj-dev proj-data proj-bin
   libgtest-dev libgmock-dev libbenchmark-dev
+  libgeos-dev  # benchmarks only: the planar algorithms are timed beside GEOS
   gdal-bin python3-gdal
   clang-14 libclang-rt-14-dev
 )
