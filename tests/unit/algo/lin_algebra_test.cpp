@@ -184,6 +184,14 @@ TEST(LeastSquares, FitsAnOverdeterminedSystem) {
   EXPECT_EQ(p.get_ny(), 2u);
 }
 
+TEST(LeastSquares, EmptyMatrixGivesFalse) {
+  const Tvx_dbl_mtx empty;
+  const Tvx_dbl_vec none;
+  Tvx_dbl_vec x{3};
+  EXPECT_FALSE(Tvx_lin_algebra::least_squares_solve(&empty, &none, &x));
+  EXPECT_EQ(items(x), std::vector<double>{3});
+}
+
 TEST(LeastSquares, DependentColumnsOrWrongSizeGiveFalse) {
   const Tvx_dbl_mtx a(2, 3, {1, 2, 2, 4, 3, 6});
   const Tvx_dbl_vec b{1, 2, 3};

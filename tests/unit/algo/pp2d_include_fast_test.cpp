@@ -161,6 +161,12 @@ TEST(IncludeFast, BandsOnlyAboveAThousandVertices) {
   EXPECT_TRUE(fast.include(0.0, 0.0));  // through the plain test of the same ring
   fast.prepare(nullptr);
   EXPECT_FALSE(fast.include(0.0, 0.0));
+  const Tvx_pp2d empty;
+  fast.prepare(&empty);
+  EXPECT_FALSE(fast.include(0.0, 0.0));
+  Tvx_pp2d_fast_edges edges;
+  edges.prepare(&empty);
+  EXPECT_FALSE(edges.include(0.0, 0.0));
   EXPECT_FALSE(Tvx_pp2d_include_fast().include(0.0, 0.0));
 }
 

@@ -90,6 +90,18 @@ TEST(Labeling, TwoVerticesAreTheStretch) {
   EXPECT_EQ(Tvx_pp2d_labeling::prepare_along(&one, 0.0, -1.0, false, &out), -1.0);
 }
 
+TEST(Labeling, EmptyOrNanGivesMinusOne) {
+  const Tvx_pp2d empty;
+  Tvx_pp2d out = make_pp2d({{1, 1}});
+  EXPECT_EQ(Tvx_pp2d_labeling::prepare_along(&empty, 1.0, 0.0, false, &out), -1.0);
+  EXPECT_EQ(out.get_size(), 0);
+  EXPECT_EQ(Tvx_pp2d_labeling_weight::prepare_along(&empty, 1.0, 0.0, false, vx_text_end, &out), -1);
+  const Tvx_pp2d line = make_pp2d({{0, 0}, {10, 0}, {20, 5}});
+  EXPECT_EQ(Tvx_pp2d_labeling::prepare_along(&line, 1.0, std::nan(""), false, &out), -1.0);
+  EXPECT_EQ(Tvx_pp2d_labeling_weight::prepare_along(&line, 1.0, std::nan(""), false, vx_text_middle, &out),
+            -1);
+}
+
 TEST(Labeling, NoPieceLongEnoughGivesMinusOne) {
   // Long in all, but a bend at every vertex keeps each piece at 2.
   const Tvx_pp2d source = zigzag_west({2, 2, 2, 2, 2});
