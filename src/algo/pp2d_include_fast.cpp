@@ -23,30 +23,30 @@ void Tvx_fast_diap_ends::clear() {
   indexed = packed = false;
 }
 
-void Tvx_fast_diap_ends::add_end(double value) {
-  key.set_value(value);
-  if (std::isnan(value) || ends.count(&key) != 0) return;
+void Tvx_fast_diap_ends::insert_new(end_set::const_iterator hint, double value) {
   auto end = std::make_unique<Tvx_fast_diap_end>(value);
-  ends.insert(end.get());
+  ends.insert(hint, end.get());
   end.release();
   indexed = packed = false;
 }
 
-// The values are merged into the tree in ascending order, each inserted at the place the walk has
-// reached, so that the tree is searched no more than once.
+void Tvx_fast_diap_ends::add_end(double value) {
+  key.set_value(value);
+  if (std::isnan(value) || ends.count(&key) != 0) return;
+  insert_new(ends.end(), value);
+}
+
+// The values are merged into the tree in ascending order, each inserted at the place that the walk
+// along the tree has reached, so that no value costs a search.
 void Tvx_fast_diap_ends::add_ends(std::vector<double> more) {
   more.erase(std::remove_if(more.begin(), more.end(), [](double v) { return std::isnan(v); }), more.end());
   std::sort(more.begin(), more.end());
   more.erase(std::unique(more.begin(), more.end()), more.end());
-  auto at = ends.begin();
+  auto at = ends.cbegin();
   for (double v : more) {
-    while (at != ends.end() && (*at)->get_value() < v) ++at;
-    if (at != ends.end() && (*at)->get_value() == v) continue;
-    auto end = std::make_unique<Tvx_fast_diap_end>(v);
-    ends.insert(at, end.get());
-    end.release();
+    while (at != ends.cend() && (*at)->get_value() < v) ++at;
+    if (at == ends.cend() || (*at)->get_value() != v) insert_new(at, v);
   }
-  indexed = packed = false;
 }
 
 void Tvx_fast_diap_ends::index() {

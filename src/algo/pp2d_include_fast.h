@@ -76,6 +76,8 @@ class Tvx_fast_diap_ends {
 
  private:
   using end_set = std::set<Tvx_fast_diap_end*, Tvx_fast_diap_end_compare_less>;
+  // A new end of the value, placed by the hint.
+  void insert_new(end_set::const_iterator hint, double value);
   void index();
   // The position in the sorted array of the first end above value, or -1 where value lies in no band.
   long band_at(double value) const;

@@ -134,6 +134,32 @@ TEST(FastDiapEnds, OneEndPerValueAndEdgesOverTheirBands) {
   EXPECT_EQ(ends.get_int_vec_ptr(1.0), nullptr);
 }
 
+TEST(FastDiapEnds, AddEndsMergesAndBandsAnswerAlikePackedOrNot) {
+  Tvx_fast_diap_ends ends;
+  ends.add_end(2.0);
+  ends.add_ends({3.0, 1.0, 2.0, std::nan(""), 1.0, 0.5});
+  EXPECT_EQ(ends.get_size(), 4u);
+  ends.add_diap(1, 0.5, 3.0);
+  ends.add_diap(2, 2.0, 1.0);
+  const auto band = [&ends](double y) {
+    const int32_t* list = nullptr;
+    unsigned count = 0;
+    if (!ends.get_band(y, list, count)) return std::vector<int>{-1};
+    return std::vector<int>(list, list + count);
+  };
+  for (bool packed : {false, true}) {
+    if (packed) ends.pack();
+    EXPECT_EQ(band(0.5), numbers(ends.get_int_vec_ptr(0.5)));
+    EXPECT_EQ(band(1.0), (std::vector<int>{1, 2}));
+    EXPECT_EQ(band(2.5), (std::vector<int>{1}));
+    EXPECT_EQ(band(3.0), std::vector<int>{-1});
+    EXPECT_EQ(band(0.0), std::vector<int>{-1});
+  }
+  ends.add_end(1.5);  // drops the packed copy: the band from 1 now ends at 1.5, and 1.5 has no edges yet
+  EXPECT_EQ(band(1.7), std::vector<int>{});
+  EXPECT_EQ(numbers(ends.get_int_vec_ptr(1.2)), (std::vector<int>{1, 2}));
+}
+
 TEST(FastDiapEnd, OrderByValue) {
   Tvx_fast_diap_end a(1.0), b(2.0);
   EXPECT_TRUE(a.less(b));
