@@ -303,6 +303,60 @@ VX_API bool vx_rpj_fb_d2_apply_pv(Tvx_rpj_fb_d2* reprojector, Tvx_pp2d* vector, 
 VX_API void vx_rpj_fb_d2_destroy(Tvx_rpj_fb_d2* reprojector);
 
 /* ===================================================================================================
+ * Projection strings: the GDAL form, descriptions, equivalence and the catalogue of projections
+ * =================================================================================================== */
+
+/* @section proj-strings */
+
+/* Feeds the projection text in the form that GDAL takes (one row, UTF-8 text as wide text). The text is
+ * read as the library reads every PROJ string: its known parameters are kept (in the library's order and
+ * to 12 significant digits), everything else is dropped. A Lambert conformal conic ("+proj=lcc") gets
+ * "+lat_2" and "+lat_0" equal to "+lat_1" where they are missing, and the text ends in "+no_defs"
+ * without the "+lon_wrap=45" that the library gives PROJ for its own reprojections. So
+ * "+proj=lcc +lat_1=45 +lon_0=10 +ellps=GRS80" becomes
+ * "+proj=lcc +lon_0=10 +lat_0=45 +lat_1=45 +lat_2=45 +ellps=GRS80 +no_defs". Note that a two-parallel
+ * conic without "+lat_0" gets its origin on "+lat_1" too, where PROJ would put it on the equator.
+ * A text with no known parameter feeds nothing and gives false. */
+VX_API bool vx_pj4_export_gdal(const wchar_t* proj, Ivx_string_adp* sink);
+
+/* Feeds a description of the projection text for people, one row per line "label = value", in the
+ * order: projection, zone, central meridian, centre of projection, latitude of origin, false easting
+ * and northing, standard parallels, scale factor, azimuth, datum, datum parameters, spheroid, semi-axes
+ * and inverse flattening; a parameter the text lacks has no line, and "+south", "+units" and
+ * "+nadgrids" have none. A text without any of them gives the one line "Projection = Unknown".
+ * language: as for vx_res_set_lng, 0 Russian and any other value English; pass vx_res_get_lng() for
+ * the host's language. The language of the library's other messages is not changed. Example, English,
+ * for "+proj=tmerc +lon_0=39 +ellps=krass": "Projection = tmerc", "Central Meridian = 39",
+ * "Spheroid = krass". */
+VX_API void vx_pj4_describe_w(const wchar_t* proj, int language, Ivx_string_adp* sink);
+
+/* Whether two texts describe the same coordinate system, as PROJ judges it: 1 the same, 0 not, -1 PROJ
+ * cannot read the first text, -2 it can read the first but not the second. The texts go to PROJ as they
+ * stand and may be anything PROJ reads: PROJ strings, "EPSG:4326", WKT, PROJJSON, "+init=epsg:4326".
+ * Geographic systems that differ only in the order of their axes are the same; names do not count.
+ * Note that PROJ reads a PROJ string without "+type=crs" as an operation, not a system, and two
+ * operations are the same only when their texts are: "+proj=utm +zone=37 +datum=WGS84" and
+ * "+zone=37 +proj=utm +datum=WGS84" give 0, and give 1 with "+type=crs" added to both. 0 also when
+ * memory runs out. */
+VX_API int vx_pj4_equivalent_w(const wchar_t* a, const wchar_t* b);
+
+/* Feeds the library's catalogue of projections, one row per entry, fields separated by tabs:
+ *   index (from 1), caption, further caption (may be empty), the entry's PROJ string with its defaults
+ *   (ending in "+no_defs"), then one field per parameter that a user sets or sees, "name=default",
+ *   followed by " [min,max]" for a number with limits.
+ * For example "126\tUTM\tzone 37, northern hemisphere\t+proj=utm +zone=37 +datum=WGS84 +units=m
+ * +no_defs\tzone=37\tdatum=WGS84" (one line). The catalogue holds geographic coordinates, the usual
+ * cylindrical, conic and azimuthal projections, 60 Gauss-Kruger zones ("+proj=tmerc", no earth given:
+ * add "+ellps=krass" and the datum shift) and 120 UTM zones on WGS 84.
+ * With proj null or empty, every entry; otherwise only the entry that the projection of that PROJ
+ * string fits, and false when none does: a transverse Mercator with the central meridian, false easting,
+ * scale and origin of a Gauss-Kruger zone finds that zone; a text with "+zone" finds the entry of that
+ * "+proj", zone and hemisphere, or nothing; anything else finds the first entry of that "+proj" that
+ * has every latitude and scale parameter the text gives and whose pole or hemisphere, if it has one,
+ * is the text's. */
+VX_API bool vx_pj4_fetch_catalogue(const wchar_t* proj, Ivx_string_adp* sink);
+
+/* ===================================================================================================
  * Text lists, TLD files and their reprojection
  * =================================================================================================== */
 

@@ -1,6 +1,8 @@
 #!/usr/bin/env bash
 # Installs the dependencies, then builds and runs the whole test suite twice: a normal build, and a
-# build with AddressSanitizer and UndefinedBehaviorSanitizer.
+# build with AddressSanitizer and UndefinedBehaviorSanitizer. In each, the suite also makes a virtual
+# environment (build*/python-venv), installs the library and the Python package into it, and runs the
+# package's pytest suite there (python/tests.cmake).
 set -euo pipefail
 cd "$(dirname "$0")/.."
 bash scripts/install-deps.sh

@@ -11,6 +11,8 @@ class Tvx_rc {
  public:
   // 1 selects Russian, any other value English.
   static void set_lang(int value);
+  // The language texts are given in now: 1 Russian, anything else English.
+  static int get_lang() { return f_lang; }
   // Asks vx_res_get_lng once and sets the language from it; later calls do nothing.
   static void get_auto_lang();
   // The text of the row in the chosen language, or "unknown str" for a block or index out of range.

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "command.h"
+#include "rows_sink.h"
 #include "utf8.h"
 #include "vxk_proj4_shp.h"
 
@@ -62,26 +63,8 @@ class sheet_record {
   Tvx_stdlist_string* p_;
 };
 
-// Collects the rows that one library call feeds into a sink.
-class rows_sink {
- public:
-  rows_sink() : sink_(vx_string_adp_create(nullptr, &on_wide, this)) {}
-  ~rows_sink() { vx_string_adp_destroy(sink_); }
-  rows_sink(const rows_sink&) = delete;
-  rows_sink& operator=(const rows_sink&) = delete;
-  Ivx_string_adp* get() const { return sink_; }
-  const std::vector<std::wstring>& rows() const { return rows_; }
-
- private:
-  static void on_wide(const wchar_t* text, void* user) {
-    static_cast<rows_sink*>(user)->rows_.emplace_back(text ? text : L"");
-  }
-  Ivx_string_adp* sink_;
-  std::vector<std::wstring> rows_;
-};
-
 std::wstring designation_of(const Tvx_stdlist_string* sheet) {
-  rows_sink sink;
+  vxk::rows_sink sink;
   vx_stdlist_to_string(sheet, sink.get());
   return sink.rows().empty() ? std::wstring() : sink.rows().front();
 }
@@ -237,7 +220,7 @@ void print_sheet(const Tvx_stdlist_string* sheet) {
 }
 
 void print_list(const char* name, void (*fetch)(Ivx_string_adp*)) {
-  rows_sink sink;
+  vxk::rows_sink sink;
   fetch(sink.get());
   std::string line;
   for (const std::wstring& row : sink.rows()) {
@@ -267,7 +250,7 @@ void print_neighbours(const Tvx_stdlist_string* sheet) {
   fail_if(vx_stdlist_get_scale(sheet) != VX_STDLIST_SC_200,
           "neighbours are known for 1:200,000 sheets only, such as N-37-VI; this sheet is at " +
               u8(vx_stdlist_scale_tostr(sheet)));
-  rows_sink sink;
+  vxk::rows_sink sink;
   fail_if(!vx_stdlist_fetch_neighbours(sheet, sink.get()) || sink.rows().size() != 4,
           "the neighbours of this sheet could not be worked out");
   const std::vector<std::wstring>& n = sink.rows();
