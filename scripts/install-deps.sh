@@ -7,7 +7,7 @@ packages=(
   libproj-dev proj-data proj-bin
   libgtest-dev libgmock-dev libbenchmark-dev
   libgeos-dev  # benchmarks only: the planar algorithms are timed beside GEOS
-  gdal-bin python3-gdal
+  gdal-bin python3-gdal python3-numpy
   python3-venv python3-pytest python3-setuptools python3-wheel
   clang-14 libclang-rt-14-dev
 )
