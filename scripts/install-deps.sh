@@ -9,10 +9,10 @@ packages=(
   build-essential cmake ninja-build pkg-config python3 binutils
   libproj-dev proj-data proj-bin
   libgtest-dev libgmock-dev libbenchmark-dev
+  libgeos-dev  # benchmarks only: the planar algorithms are timed beside GEOS
   gdal-bin python3-gdal python3-numpy
   python3-venv python3-pytest python3-setuptools python3-wheel
-  r-cran-spdata
-  libgeos-dev
+  r-cran-spdata  # real-world polygon shape files for the geometry checks
   clang-14 libclang-rt-14-dev
 )
 

@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <cmath>
+#include <memory>
 
+#include "algo/chord_simplify2d.h"
 #include "geom/owned_list.h"
 #include "geom/point_walk.h"
 #include "geom/ring_ray.h"
@@ -243,6 +245,7 @@ bool Tvx_pp2d::split_at_length(double l, Tvx_pp2d* a, Tvx_pp2d* b) const {
 }
 
 bool Tvx_pp2d::include(double x, double y) const {
+  using vx::geom::edge_hit;
   if (!is_closed()) return false;
   bool inside = false;
   for (std::size_t i = 1; i < points.size(); ++i) {
@@ -281,4 +284,17 @@ Tvx_pp2d* Tvx_pp2d::densify(double step) const {
 
 Tvx_pp2d* Tvx_pp2d::make_middle_sides(bool keep_first, bool keep_last) const {
   return new Tvx_pp2d(vx::geom::middle_sides(points, keep_first, keep_last, vx_point2d_middle));
+}
+
+Tvx_pp2d* Tvx_pp2d::simple_simplify(double d) const {
+  std::unique_ptr<Tvx_pp2d> r(make_equal_dist(d));
+  for (int i = 0; i < 5; ++i) r.reset(r->make_middle_sides(true, true));
+  Tvx_chord_simplify2d::execute(r.get(), d);
+  return r.release();
+}
+
+Tvx_pp2d* Tvx_pp2d::chord_simplify(double d) const {
+  Tvx_pp2d* r = new Tvx_pp2d(points);
+  Tvx_chord_simplify2d::execute(r, d);
+  return r;
 }

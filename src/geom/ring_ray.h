@@ -1,6 +1,6 @@
 // The even-odd test of a point against one edge of a ring, along the ray from the point towards
-// negative x. Tvx_pp2d::include walks a ring's edges with it; the polygon division runs it for many
-// points at once.
+// negative x, with no tolerance. Tvx_pp2d::include walks a ring's edges with it, the polygon division
+// runs it for many points at once, and the banded fast inclusion uses it for the edges of a band.
 #pragma once
 
 #include <algorithm>
