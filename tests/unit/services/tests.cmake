@@ -7,3 +7,8 @@ target_link_libraries(pj4_prj_tool PRIVATE vxk_proj4_shp)
 add_test(NAME services.pj4_prj_ogrinfo
   COMMAND ${VXK_SYSTEM_PYTHON} ${CMAKE_CURRENT_LIST_DIR}/pj4_prj_ogrinfo.py $<TARGET_FILE:pj4_prj_tool>)
 set_tests_properties(services.pj4_prj_ogrinfo PROPERTIES ENVIRONMENT "${VXK_TEST_ENV}")
+
+# The hosts' shape file reader on files that GDAL wrote, compared with what GDAL reads from them.
+add_test(NAME services.shp_reader_gdal
+  COMMAND ${VXK_SYSTEM_PYTHON} ${CMAKE_CURRENT_LIST_DIR}/shp_reader_gdal.py)
+set_tests_properties(services.shp_reader_gdal PROPERTIES ENVIRONMENT "${VXK_TEST_ENV}")
