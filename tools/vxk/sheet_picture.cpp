@@ -17,7 +17,7 @@ namespace {
 constexpr double kDegreesPerMetre = 8.983000569721857e-06;  // the generator's own factor
 constexpr double kMillimetresPerPoint = 25.4 / 72.0;
 constexpr double kRoomForLabelsMm = 6.0;  // around the outermost frame
-constexpr double kThinnestLine = 0.6;     // page units: finer lines would vanish on a small page
+constexpr double kThinnestLine = 1.0;     // page units: finer lines would vanish on a small page
 constexpr double kPi = 3.14159265358979323846;
 
 struct colour {

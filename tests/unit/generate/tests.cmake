@@ -13,3 +13,9 @@ set_tests_properties(generate.gdal_check PROPERTIES ENVIRONMENT "${VXK_TEST_ENV}
 add_test(NAME generate.vxk_generate
   COMMAND ${VXK_GDAL_PYTHON} ${CMAKE_CURRENT_LIST_DIR}/vxk_generate_test.py)
 set_tests_properties(generate.vxk_generate PROPERTIES ENVIRONMENT "${VXK_TEST_ENV}")
+
+# vxk render as a user runs it: pictures of generated sets and of a complete set that GDAL wrote, read
+# back with GDAL (PNG) and an XML parser (SVG).
+add_test(NAME generate.vxk_render
+  COMMAND ${VXK_GDAL_PYTHON} ${CMAKE_CURRENT_LIST_DIR}/vxk_render_test.py)
+set_tests_properties(generate.vxk_render PROPERTIES ENVIRONMENT "${VXK_TEST_ENV}")

@@ -1,0 +1,202 @@
+#!/usr/bin/env python3
+"""`vxk render` as a user runs it: pictures of a generated N-37-VI (scene and latlong sets) and of a free
+box, and of a complete set that GDAL wrote (sheet_mock.py) with every record kind and label. The PNG
+files are read back with GDAL, the SVG files with Python's XML parser."""
+import os
+import shutil
+import subprocess
+import sys
+import xml.etree.ElementTree as ET
+
+import numpy
+from osgeo import gdal, ogr
+
+sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
+from sheet_mock import write_mock_set  # noqa: E402
+
+gdal.UseExceptions()
+ogr.UseExceptions()
+
+VXK = os.path.join(os.environ.get("VXK_BIN_DIR", "."), "vxk")
+ROOT = os.path.join(os.environ.get("VXK_TEST_TMP", "/tmp"), "vxk_render")
+SVG = "{http://www.w3.org/2000/svg}"
+failures = []
+
+
+def expect(cond, what):
+    if not cond:
+        failures.append(what)
+
+
+def vxk(*args):
+    p = subprocess.run([VXK, *args], capture_output=True)
+    return p.returncode, p.stdout.decode("utf-8"), p.stderr.decode("utf-8")
+
+
+def pixels(png):
+    """The picture as an array of rows, columns and the three colours."""
+    ds = gdal.Open(png)
+    return numpy.dstack([ds.GetRasterBand(b + 1).ReadAsArray() for b in range(3)])
+
+
+def near(image, rgb, tolerance=30):
+    """The number of pixels within the tolerance of a colour."""
+    return int((numpy.abs(image.astype(int) - numpy.array(rgb)).max(axis=2) <= tolerance).sum())
+
+
+def check_png(png, width, height=None, what=""):
+    expect(os.path.exists(png), f"{what}: no {png}")
+    if not os.path.exists(png):
+        return None
+    image = pixels(png)
+    expect(image.shape[1] == width, f"{what}: {image.shape[1]} pixels wide, asked {width}")
+    if height is not None:
+        expect(image.shape[0] == height, f"{what}: {image.shape[0]} pixels high, asked {height}")
+    expect(len(numpy.unique(image.reshape(-1, 3), axis=0)) > 1, f"{what}: every pixel has one colour")
+    return image
+
+
+def labels_of_set(folder):
+    """The texts of the label files of a set, as GDAL reads them, in order."""
+    texts = []
+    for name in ("FrameDig", "FrameAdj"):
+        path = os.path.join(folder, "FRAME", name + ".shp")
+        if os.path.exists(path):
+            ds = ogr.Open(path)
+            texts += [f.GetField("TEXT").strip() for f in ds.GetLayer() if (f.GetField("TEXT") or "").strip()]
+    return texts
+
+
+def check_svg(svg, title, labels, width):
+    """A valid SVG document: its title, the label texts in its description, and a glyph drawn for every
+    character of them."""
+    root = ET.parse(svg).getroot()
+    expect(root.tag == SVG + "svg", f"{svg}: root element {root.tag}")
+    expect(root.get("width") == f"{width}px", f"{svg}: width {root.get('width')}")
+    expect(root.findtext(SVG + "title") == title, f"{svg}: title {root.findtext(SVG + 'title')!r}")
+    desc = (root.findtext(SVG + "desc") or "").split("\n")
+    expect(desc[0] == "Labels:" and desc[1:] == labels, f"{svg}: labels {desc[1:]} != {labels}")
+    glyphs = sum(1 for e in root.iter(SVG + "use") if "glyph" in (e.get("{http://www.w3.org/1999/xlink}href") or ""))
+    characters = sum(len(t.replace(" ", "")) for t in labels)
+    expect(glyphs >= characters, f"{svg}: {glyphs} glyphs drawn for {characters} characters of the labels")
+
+
+def fresh(name):
+    path = os.path.join(ROOT, name)
+    shutil.rmtree(path, ignore_errors=True)
+    os.makedirs(path)
+    return path
+
+
+def check_generated_sheet():
+    work = fresh("n37vi")
+    rc, _, err = vxk("generate", "N-37-VI", "--out", os.path.join(work, "set"))
+    expect(rc == 0, f"generate N-37-VI: {err}")
+    png = os.path.join(work, "sheet.png")
+    rc, out, err = vxk("render", os.path.join(work, "set"), "--out", png, "--size", "640")
+    expect(rc == 0, f"render N-37-VI: exit {rc}: {err}")
+    expect("N-37-VI, 1:200,000 drawn from" in out and "picture written to" in out, f"render N-37-VI: {out!r}")
+    image = check_png(png, 640, what="N-37-VI png")
+    if image is not None:
+        expect(f"640 x {image.shape[0]} pixels" in out, f"render N-37-VI: the size told is not the picture's: {out!r}")
+        expect(near(image, (252, 247, 230), 6) > 10000, "N-37-VI png: the sheet's area is not drawn")
+    rc, _, err = vxk("render", os.path.join(work, "set"), "--out", png, "--size", "500x300")
+    expect(rc == 0, f"render N-37-VI --size 500x300: exit {rc}: {err}")
+    check_png(png, 500, 300, "N-37-VI --size 500x300")
+
+    svg = os.path.join(work, "sheet.svg")
+    rc, out, err = vxk("render", os.path.join(work, "set"), "--out", svg, "--size", "700")
+    expect(rc == 0, f"render N-37-VI svg: exit {rc}: {err}")
+    check_svg(svg, "N-37-VI, 1:200,000", labels_of_set(os.path.join(work, "set")), 700)
+
+    png = os.path.join(work, "latlong.png")
+    rc, out, err = vxk("render", os.path.join(work, "set", "latlong"), "--out", png, "--size", "400")
+    expect(rc == 0, f"render the latlong set: exit {rc}: {err}")
+    check_png(png, 400, what="latlong png")
+    expect(not [n for n in os.listdir(work) if ".vxk-" in n], f"temporary files left in {work}")
+
+
+def check_mock_set():
+    """Every record kind, every label: the styles are told apart in the PNG, the texts are in the SVG."""
+    work = fresh("mock")
+    labels = [t.strip() for t in write_mock_set(os.path.join(work, "set"))]
+    png = os.path.join(work, "mock.png")
+    rc, out, err = vxk("render", os.path.join(work, "set"), "--out", png, "--size", "1200")
+    expect(rc == 0, f"render the mock: exit {rc}: {err}")
+    expect("not in the set" not in out, f"render the mock: {out!r}")
+    image = check_png(png, 1200, what="mock png")
+    if image is not None:
+        for name, rgb in (("paper", (252, 247, 230)), ("point red", (199, 41, 26)), ("black", (0, 0, 0))):
+            expect(near(image, rgb) > 20, f"mock png: no {name} pixels")
+        # The graticule's thin blue lines are blended with the paper: pixels clearly more blue than red.
+        bluish = int((image[:, :, 2].astype(int) > image[:, :, 0].astype(int) + 40).sum())
+        expect(bluish > 1000, f"mock png: {bluish} pixels of the graticule's blue")
+    svg = os.path.join(work, "mock.svg")
+    rc, out, err = vxk("render", os.path.join(work, "set"), "--out", svg, "--size", "1200")
+    expect(rc == 0, f"render the mock svg: exit {rc}: {err}")
+    check_svg(svg, "N-37-VI, 1:200,000", labels, 1200)
+
+    os.remove(os.path.join(work, "set", "HYPS", "Hypsa.shp"))
+    rc, _, err = vxk("render", os.path.join(work, "set"), "--out", png)
+    expect(rc == 1 and "--scale" in err, f"a set without its area: exit {rc}: {err}")
+    rc, out, err = vxk("render", os.path.join(work, "set"), "--out", png, "--scale", "1:200,000", "--size", "300")
+    expect(rc == 0 and "HYPS/Hypsa.shp" in out, f"--scale: exit {rc}: {err} {out}")
+    check_png(png, 300, what="--scale png")
+
+
+def check_box():
+    work = fresh("box")
+    rc, _, err = vxk("generate", "--box", "30", "33", "50", "52", "--steps", "1", "1", "--out", os.path.join(work, "set"))
+    expect(rc == 0, f"generate a box: {err}")
+    rc, out, err = vxk("render", os.path.join(work, "set"), "--out", os.path.join(work, "box.png"), "--size", "300")
+    expect(rc == 0 and "Base list, 1:1,000,000" in out, f"render a box: exit {rc}: {err} {out}")
+
+
+def check_refusals():
+    work = fresh("refused")
+    old = os.path.join(work, "old.png")
+    with open(old, "wb") as f:
+        f.write(b"an earlier picture")
+    empty = fresh("refused_empty_set")
+    cases = [
+        ([empty, "--out", old], 1, "holds no generated sheet"),
+        ([os.path.join(work, "none"), "--out", old], 1, "is not a folder"),
+        ([empty], 2, "--out"),
+        ([empty, "--out", os.path.join(work, "a.jpg")], 2, ".png or a .svg"),
+        ([empty, "--out", old, "--size", "5"], 2, "16 to 10000"),
+        ([empty, "--out", old, "--scale", "1:x"], 2, "--scale takes 1:N"),
+        ([empty, "--out", old, "--bogus"], 2, "unknown option"),
+    ]
+    for args, status, words in cases:
+        rc, out, err = vxk("render", *args)
+        expect(rc == status and words in err and out == "", f"render {args}: exit {rc}, {err!r}")
+    with open(old, "rb") as f:
+        expect(f.read() == b"an earlier picture", "a refused render changed the earlier picture")
+    mock = os.path.join(work, "set")
+    write_mock_set(mock)
+    rc, _, err = vxk("render", mock, "--out", os.path.join(work, "missing", "a.png"))
+    expect(rc == 1 and "does not exist" in err, f"--out into a missing folder: exit {rc}, {err!r}")
+    expect(not os.path.exists(os.path.join(work, "missing")), "--out into a missing folder made it")
+    rc, _, err = vxk("render", mock, "--out", old, "--size", "200")
+    expect(rc == 0, f"replacing a picture: exit {rc}, {err!r}")
+    check_png(old, 200, what="the replaced picture")
+    expect(not [n for n in os.listdir(work) if ".vxk-" in n], f"temporary files left in {work}")
+    rc, out, _ = vxk("render", "--help")
+    expect(rc == 0 and "--size W[xH]" in out and "--scale 1:N" in out, f"--help: {out!r}")
+
+
+def main():
+    shutil.rmtree(ROOT, ignore_errors=True)
+    os.makedirs(ROOT)
+    check_generated_sheet()
+    check_mock_set()
+    check_box()
+    check_refusals()
+    for f in failures:
+        print("FAIL:", f)
+    print(f"{len(failures)} failures")
+    return 1 if failures else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
