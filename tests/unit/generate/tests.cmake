@@ -19,3 +19,8 @@ set_tests_properties(generate.vxk_generate PROPERTIES ENVIRONMENT "${VXK_TEST_EN
 add_test(NAME generate.vxk_render
   COMMAND ${VXK_GDAL_PYTHON} ${CMAKE_CURRENT_LIST_DIR}/vxk_render_test.py)
 set_tests_properties(generate.vxk_render PROPERTIES ENVIRONMENT "${VXK_TEST_ENV}")
+
+# vxk generate for many sheets at once: folders by designation, a failing sheet among good ones.
+add_test(NAME generate.vxk_generate_many
+  COMMAND ${VXK_GDAL_PYTHON} ${CMAKE_CURRENT_LIST_DIR}/vxk_generate_many_test.py)
+set_tests_properties(generate.vxk_generate_many PROPERTIES ENVIRONMENT "${VXK_TEST_ENV}")
