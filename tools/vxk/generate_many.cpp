@@ -3,7 +3,6 @@
 
 #include <fcntl.h>
 #include <poll.h>
-#include <spawn.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -15,10 +14,9 @@
 #include <iostream>
 #include <set>
 
+#include "command.h"
 #include "designation.h"
 #include "utf8.h"
-
-extern char** environ;
 
 namespace vxk {
 
@@ -112,27 +110,32 @@ struct child {
   std::string text;
 };
 
-// Starts "vxk generate NAME --out DIR/NAME ..." with standard output discarded and standard error
-// into a pipe. Throws failure when no process can be started.
-child start(const fs::path& vxk, const many_sheets& r, const sheet_job& job, size_t index) {
-  std::vector<std::string> args = {vxk.string(), "generate", job.name, "--out",
-                                   (fs::path(r.out) / job.name).string()};
+// The sheet's own run in a process of its own: a fork of this one runs the generate command for the one
+// sheet, with standard output discarded and standard error into a pipe. The library holds no threads
+// and nothing of PROJ's yet, so the fork starts clean. Throws failure when no process can be made.
+child start(const many_sheets& r, const sheet_job& job, size_t index) {
+  std::vector<std::string> args = {job.name, "--out", (fs::path(r.out) / job.name).string()};
   args.insert(args.end(), r.sheet_options.begin(), r.sheet_options.end());
-  std::vector<char*> argv;
-  for (std::string& a : args) argv.push_back(a.data());
-  argv.push_back(nullptr);
   int fds[2];
-  fail_if(pipe2(fds, O_CLOEXEC) != 0, std::string("cannot start a process: ") + std::strerror(errno));
-  posix_spawn_file_actions_t actions;
-  posix_spawn_file_actions_init(&actions);
-  posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
-  posix_spawn_file_actions_adddup2(&actions, fds[1], STDERR_FILENO);
-  pid_t pid = 0;
-  const int failed = posix_spawn(&pid, argv[0], &actions, nullptr, argv.data(), environ);
-  posix_spawn_file_actions_destroy(&actions);
+  fail_if(pipe(fds) != 0, std::string("cannot start a process: ") + std::strerror(errno));
+  std::fflush(nullptr);
+  const pid_t pid = fork();
+  if (pid == 0) {
+    const int null = open("/dev/null", O_WRONLY);
+    if (null < 0 || dup2(null, STDOUT_FILENO) < 0 || dup2(fds[1], STDERR_FILENO) < 0) _exit(1);
+    close(fds[0]);
+    close(fds[1]);
+    int status = 2;
+    for (const command& c : commands()) {
+      if (std::strcmp(c.name, "generate") == 0) status = c.run(args);
+    }
+    std::fflush(nullptr);
+    _exit(status);
+  }
+  const int error = errno;
   close(fds[1]);
-  if (failed) close(fds[0]);
-  fail_if(failed != 0, "cannot start '" + args[0] + "': " + std::strerror(failed));
+  if (pid < 0) close(fds[0]);
+  fail_if(pid < 0, std::string("cannot start a process: ") + std::strerror(error));
   return {pid, fds[0], index, ""};
 }
 
@@ -205,7 +208,6 @@ class progress {
 };
 
 void run_all(std::vector<sheet_job>& jobs, const many_sheets& r, progress& shown) {
-  const fs::path vxk = fs::read_symlink("/proc/self/exe");
   std::vector<child> running;
   size_t next = 0;
   while (next < jobs.size() || !running.empty()) {
@@ -213,7 +215,7 @@ void run_all(std::vector<sheet_job>& jobs, const many_sheets& r, progress& shown
       sheet_job& job = jobs[next];
       const size_t index = next++;
       try {
-        if (job.error.empty()) running.push_back(start(vxk, r, job, index));
+        if (job.error.empty()) running.push_back(start(r, job, index));
       } catch (const failure& f) {
         job.error = f.message;
       }
