@@ -33,3 +33,15 @@ echo "== Lists of legal values of every level"
 echo
 echo "\$ vxk sheet --lists"
 "$vxk" sheet --lists
+
+echo
+echo "== A sheet generated and drawn"
+echo
+demo="${1:-build}/demo"
+echo "\$ vxk generate N-37-VI --out $demo/N-37-VI"
+"$vxk" generate N-37-VI --out "$demo/N-37-VI"
+echo
+echo "\$ vxk render $demo/N-37-VI --out $demo/N-37-VI.png"
+"$vxk" render "$demo/N-37-VI" --out "$demo/N-37-VI.png"
+echo
+echo "Open $demo/N-37-VI.png to see the sheet."

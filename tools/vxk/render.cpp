@@ -1,6 +1,7 @@
 // vxk render: a picture of a generated sheet, as PNG or SVG, drawn with cairo.
 #include <cairo-svg.h>
 #include <cairo.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cctype>
@@ -41,8 +42,8 @@ const char* const kUsage =
     "options:\n"
     "  --out FILE     the picture: FILE.png (pixels) or FILE.svg (a vector drawing); its folder must\n"
     "                 exist. An existing file is replaced only when the new picture is complete.\n"
-    "  --size W[xH]   the page in pixels (points for SVG), each 16 to 10000; without a height the page\n"
-    "                 follows the sheet's shape. Default: 1600 wide\n"
+    "  --size W[xH]   the page in pixels, each 16 to 10000; without a height the page follows the\n"
+    "                 sheet's shape. Default: 1600 wide\n"
     "  --scale 1:N    the map scale, such as 1:200000, when the set's area does not tell it\n"
     "\n"
     "examples:\n"
@@ -223,6 +224,9 @@ void write_whole(const fs::path& file, const std::string& bytes) {
   std::string name = (folder / ("." + file.filename().string() + ".vxk-XXXXXX")).string();
   const int fd = mkstemp(name.data());
   fail_if(fd < 0, "cannot write in '" + folder.string() + "': " + std::strerror(errno));
+  const mode_t mask = umask(0);  // a new file's modes, as any other program would create it
+  umask(mask);
+  fchmod(fd, 0666 & ~mask);
   size_t done = 0;
   while (done < bytes.size()) {
     const ssize_t n = ::write(fd, bytes.data() + done, bytes.size() - done);
@@ -271,7 +275,7 @@ int run(const options& o) {
     for (const std::string& m : set.missing) missing += (missing.empty() ? "" : ", ") + m;
     std::printf("not in the set, so not drawn: %s\n", missing.c_str());
   }
-  std::printf("picture written to %s, %d x %d %s\n", o.out.c_str(), w, h, o.svg ? "points" : "pixels");
+  std::printf("picture written to %s, %d x %d pixels\n", o.out.c_str(), w, h);
   return 0;
 }
 

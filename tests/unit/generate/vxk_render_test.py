@@ -100,6 +100,9 @@ def check_generated_sheet():
     if image is not None:
         expect(f"640 x {image.shape[0]} pixels" in out, f"render N-37-VI: the size told is not the picture's: {out!r}")
         expect(near(image, (252, 247, 230), 6) > 10000, "N-37-VI png: the sheet's area is not drawn")
+    mask = os.umask(0)
+    os.umask(mask)
+    expect(os.stat(png).st_mode & 0o777 == 0o666 & ~mask, f"{png}: modes {oct(os.stat(png).st_mode)}")
     rc, _, err = vxk("render", os.path.join(work, "set"), "--out", png, "--size", "500x300")
     expect(rc == 0, f"render N-37-VI --size 500x300: exit {rc}: {err}")
     check_png(png, 500, 300, "N-37-VI --size 500x300")
