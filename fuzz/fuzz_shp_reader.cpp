@@ -2,43 +2,16 @@
 // input. The first eight bytes (little-endian) give the lengths of the .shp and the .shx parts, each
 // taken modulo what is left; the .dbf is the rest. Every record is read with every part, and every
 // value of the first rows.
-#include <unistd.h>
-
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <string>
 
+#include "scratch.h"
 #include "vxk_proj4_shp.h"
 
 namespace {
-
-std::string g_folder;
-
-void remove_scratch_folder() {
-  for (const char* name : {"f.shp", "f.shx", "f.dbf"}) std::remove((g_folder + "/" + name).c_str());
-  rmdir(g_folder.c_str());
-}
-
-const std::string& scratch_folder() {
-  static const std::string folder = [] {
-    char name[] = "/tmp/vxk_fuzz_shp_reader_XXXXXX";
-    const char* made = mkdtemp(name);
-    if (!made) return std::string("/tmp");
-    g_folder = made;
-    std::atexit(remove_scratch_folder);
-    return g_folder;
-  }();
-  return folder;
-}
-
-void write_file(const std::string& path, const uint8_t* data, size_t size) {
-  if (FILE* f = std::fopen(path.c_str(), "wb")) {
-    if (size) std::fwrite(data, 1, size, f);
-    std::fclose(f);
-  }
-}
 
 size_t length_at(const uint8_t* p, size_t left) {
   const size_t n = p[0] | p[1] << 8 | p[2] << 16 | static_cast<size_t>(p[3]) << 24;
@@ -69,10 +42,10 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   left -= shp_size;
   const size_t shx_size = length_at(data + 4, left);
   const uint8_t* p = data + 8;
-  const std::string base = scratch_folder() + "/f";
-  write_file(base + ".shp", p, shp_size);
-  write_file(base + ".shx", p + shp_size, shx_size);
-  write_file(base + ".dbf", p + shp_size + shx_size, left - shx_size);
+  const std::string base = vxk_fuzz::scratch_folder("shp_reader") + "/f";
+  vxk_fuzz::write_file(base + ".shp", p, shp_size);
+  vxk_fuzz::write_file(base + ".shx", p + shp_size, shx_size);
+  vxk_fuzz::write_file(base + ".dbf", p + shp_size + shx_size, left - shx_size);
   const std::wstring path(base.begin(), base.end());
   if (Tvx_shp_reader* r = vx_shp_reader_open_w((path + L".shp").c_str())) {
     read_everything(r);
