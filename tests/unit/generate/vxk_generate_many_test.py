@@ -4,6 +4,7 @@ the 36 1:200,000 sheets of a 1:1,000,000 sheet, each into a folder named by its 
 with GDAL against boxes worked out here from the nomenclature; a failing sheet among good ones; the
 options that reach every sheet; and the refusals."""
 import os
+import pty
 import shutil
 import subprocess
 import sys
@@ -124,6 +125,35 @@ def check_file_and_a_failure():
             expect(f.read().strip() == GEOGRAPHIC, f"{name}: --scene latlong did not reach the sheet")
 
 
+def check_progress_bar():
+    """On a terminal the sheets done are shown as a bar that is redrawn in place, with a failure told
+    above it; the lines of the sheets written are left out there."""
+    out = fresh("bar")
+    master, slave = os.openpty()
+    p = subprocess.Popen([VXK, "generate", "N-37-I", "Z-1", "N-37-II", "--out", out, "-j", "2"],
+                         stdout=subprocess.PIPE, stderr=slave)
+    os.close(slave)
+    screen = b""
+    while True:
+        try:
+            chunk = os.read(master, 4096)
+        except OSError:  # the terminal is gone when the process has ended
+            break
+        if not chunk:
+            break
+        screen += chunk
+    stdout = p.stdout.read().decode("utf-8")
+    rc = p.wait()
+    os.close(master)
+    screen = screen.decode("utf-8")
+    expect(rc == 1, f"progress bar: exit {rc}")
+    expect(screen.startswith("\r[" + " " * 30 + "] 0/3 sheets"), f"progress bar: begins {screen[:60]!r}")
+    expect("\r[" + "#" * 30 + "] 3/3 sheets, 1 failed" in screen, f"progress bar: ends {screen[-80:]!r}")
+    expect("\r\x1b[Kvxk generate: Z-1:" in screen, f"progress bar: the failure is not told above it: {screen!r}")
+    expect(stdout == "", f"progress bar: on standard output {stdout!r}")
+    expect("1 of 3 sheets failed: Z-1" in screen, f"progress bar: summary {screen!r}")
+
+
 def check_all_fail():
     out = fresh("all_fail")
     rc, _, err = run("Z-1", "Z-2", "--out", os.path.join(out, "deeper"))
@@ -154,6 +184,7 @@ def main():
     check_several()
     check_children()
     check_file_and_a_failure()
+    check_progress_bar()
     check_all_fail()
     check_usage()
     for f in failures:

@@ -12,7 +12,7 @@ import numpy
 from osgeo import gdal, ogr
 
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
-from sheet_mock import write_mock_set  # noqa: E402
+from sheet_mock import LABEL, add, layer, write_mock_set  # noqa: E402
 
 gdal.UseExceptions()
 ogr.UseExceptions()
@@ -147,6 +147,77 @@ def check_mock_set():
     check_png(png, 300, what="--scale png")
 
 
+def one_label(name, ends, text, font, size):
+    """A set that GDAL writes with one label file of one record: its base line in metres, its text, font
+    and size. Rendered at 1:200,000 on a page 1000 pixels wide."""
+    work = fresh(name)
+    frame = os.path.join(work, "set", "FRAME")
+    os.makedirs(frame)
+    ds, lyr = layer(frame, "FrameAdj", ogr.wkbLineString, LABEL)
+    add(lyr, list(ends), ID=1, L_CODE=400911, TEXT=text, FONT=font, SIZE=size)
+    ds = None
+    png = os.path.join(work, "label.png")
+    rc, _, err = vxk("render", os.path.join(work, "set"), "--out", png, "--scale", "1:200000", "--size", "1000")
+    expect(rc == 0, f"render {name}: exit {rc}: {err}")
+    return pixels(png) if rc == 0 else None
+
+
+def ink(image):
+    """The box (left, top, right, bottom) of the text's black pixels."""
+    rows, cols = numpy.nonzero(image.max(axis=2) < 90)
+    return (cols.min(), rows.min(), cols.max(), rows.max()) if len(rows) else (0, 0, -1, -1)
+
+
+def base_line(image):
+    """The box of the base line's grey pixels."""
+    grey = (numpy.abs(image.astype(int) - 178).max(axis=2) <= 25) & (image.max(axis=2) - image.min(axis=2) < 8)
+    rows, cols = numpy.nonzero(grey)
+    return (cols.min(), rows.min(), cols.max(), rows.max()) if len(rows) else (0, 0, -1, -1)
+
+
+def check_label_placement():
+    """A label stands centred on its base line and turned with it, in the font and at the size that its
+    table gives. The page's scale is read off the base line, 8000 m long: 6.5 points at 1:200,000 are
+    458.6 m on the ground, and the capitals and digits of a serif face stand about 0.66 of that high."""
+    text, times, length = "N-37-XXXVI", "Times New Roman", 8000.0
+    flat = one_label("label_flat", [(0, 0), (length, 0)], text, times, "6.50")
+    if flat is None:
+        return
+    x0, y0, x1, y1 = ink(flat)
+    lx0, ly0, lx1, ly1 = base_line(flat)
+    expect(lx0 < x0 and x1 < lx1, f"flat label: ink {x0}..{x1} beyond its line {lx0}..{lx1}")
+    expect(abs((x0 + x1) / 2 - (lx0 + lx1) / 2) <= 3, f"flat label: not centred along its line: {x0}..{x1}, {lx0}..{lx1}")
+    expect(abs((y0 + y1) / 2 - (ly0 + ly1) / 2) <= 3, f"flat label: not centred on its line: {y0}..{y1}, {ly0}..{ly1}")
+    per_metre = (lx1 - lx0) / length
+    em = 6.5 * 25.4 / 72 * 200 * per_metre
+    height = y1 - y0
+    expect(0.6 * em < height < 0.75 * em, f"flat label: {height} pixels high at 6.5 points, an em is {em:.1f}")
+    # The neighbours' names are planned at 260 m a character: Times New Roman at 6.5 points.
+    expect(abs((x1 - x0) / per_metre - 260 * len(text)) < 0.15 * 260 * len(text), f"flat label: {x1 - x0} pixels wide")
+
+    big = one_label("label_big", [(0, 0), (length, 0)], text, times, "13.00")
+    if big is not None:
+        ratio = (ink(big)[3] - ink(big)[1]) / height
+        expect(1.85 < ratio < 2.15, f"a label at 13 points is {ratio:.2f} times as high as at 6.5")
+
+    narrow = "IIIIIIII"  # narrow letters of a proportional face, as wide as any other in a fixed one
+    widths = []
+    for font in (times, "Liberation Mono"):
+        image = one_label("label_" + font.replace(" ", "_"), [(0, 0), (length, 0)], narrow, font, "6.50")
+        widths.append(ink(image)[2] - ink(image)[0] if image is not None else 0)
+    expect(widths[1] > 1.4 * widths[0], f"the same label in Times New Roman and Liberation Mono: {widths} pixels wide")
+
+    standing = one_label("label_standing", [(0, 0), (0, length)], text, times, "6.50")
+    if standing is not None:
+        sx0, sy0, sx1, sy1 = ink(standing)
+        lx0, ly0, lx1, ly1 = base_line(standing)
+        per = (ly1 - ly0) / length
+        expect(sy1 - sy0 > 3 * (sx1 - sx0), f"a label on an upright line is not turned with it: {sx1 - sx0} by {sy1 - sy0}")
+        expect(abs((sx1 - sx0) / per - height / per_metre) < 0.05 * height / per_metre,
+               f"a label on an upright line: {(sx1 - sx0) / per:.0f} m across, flat {height / per_metre:.0f} m")
+        expect(abs((sx0 + sx1) / 2 - (lx0 + lx1) / 2) <= 3 and abs((sy0 + sy1) / 2 - (ly0 + ly1) / 2) <= 3,
+               f"a label on an upright line: not centred on it: {sx0}..{sx1}, {sy0}..{sy1}; {lx0}..{lx1}, {ly0}..{ly1}")
+
 def check_box():
     work = fresh("box")
     rc, _, err = vxk("generate", "--box", "30", "33", "50", "52", "--steps", "1", "1", "--out", os.path.join(work, "set"))
@@ -193,6 +264,7 @@ def main():
     os.makedirs(ROOT)
     check_generated_sheet()
     check_mock_set()
+    check_label_placement()
     check_box()
     check_refusals()
     for f in failures:
