@@ -24,3 +24,9 @@ set_tests_properties(generate.vxk_render PROPERTIES ENVIRONMENT "${VXK_TEST_ENV}
 add_test(NAME generate.vxk_generate_many
   COMMAND ${VXK_GDAL_PYTHON} ${CMAKE_CURRENT_LIST_DIR}/vxk_generate_many_test.py)
 set_tests_properties(generate.vxk_generate_many PROPERTIES ENVIRONMENT "${VXK_TEST_ENV}")
+
+# The README's run command (scripts/demo.sh): its picture read with GDAL, its reprojected sample against
+# ogr2ogr.
+add_test(NAME generate.demo
+  COMMAND ${VXK_GDAL_PYTHON} ${CMAKE_CURRENT_LIST_DIR}/demo_test.py ${CMAKE_BINARY_DIR})
+set_tests_properties(generate.demo PROPERTIES ENVIRONMENT "${VXK_TEST_ENV}")
