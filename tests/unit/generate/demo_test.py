@@ -10,18 +10,15 @@ import sys
 import numpy
 from osgeo import gdal, ogr
 
+sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
+from checks import expect, failures, verdict  # noqa: E402
+
 gdal.UseExceptions()
 ogr.UseExceptions()
 
 ROOT = os.path.join(os.environ.get("VXK_TEST_TMP", "/tmp"), "demo")
 SOURCE = os.path.dirname(os.path.dirname(os.path.dirname(os.path.dirname(os.path.abspath(__file__)))))
 ROBINSON = "+proj=robin +lon_0=0 +datum=WGS84 +units=m +no_defs"
-failures = []
-
-
-def expect(cond, what):
-    if not cond:
-        failures.append(what)
 
 
 def collect(g):
@@ -60,10 +57,7 @@ def main():
     worst = max(float(numpy.abs(x - y).max()) for x, y in zip(a, b) if x.shape == y.shape)
     expect(all(x.shape == y.shape for x, y in zip(a, b)), "the countries differ in their vertices")
     expect(worst < 1e-3, f"the reprojected sample is {worst} m from ogr2ogr's")
-    for f in failures:
-        print("FAIL:", f)
-    print(f"{len(failures)} failures")
-    return 1 if failures else 0
+    return verdict()
 
 
 if __name__ == "__main__":

@@ -4,12 +4,14 @@ the 36 1:200,000 sheets of a 1:1,000,000 sheet, each into a folder named by its 
 with GDAL against boxes worked out here from the nomenclature; a failing sheet among good ones; the
 options that reach every sheet; and the refusals."""
 import os
-import pty
 import shutil
 import subprocess
 import sys
 
 from osgeo import ogr
+
+sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
+from checks import expect, failures, verdict  # noqa: E402
 
 ogr.UseExceptions()
 
@@ -19,12 +21,6 @@ GEOGRAPHIC = "+proj=longlat +ellps=krass +towgs84=23.92,-141.27,-80.9,0,0.35,0.8
 ROMANS = ["I", "II", "III", "IV", "V", "VI", "VII", "VIII", "IX", "X", "XI", "XII", "XIII", "XIV", "XV", "XVI",
           "XVII", "XVIII", "XIX", "XX", "XXI", "XXII", "XXIII", "XXIV", "XXV", "XXVI", "XXVII", "XXVIII", "XXIX",
           "XXX", "XXXI", "XXXII", "XXXIII", "XXXIV", "XXXV", "XXXVI"]
-failures = []
-
-
-def expect(cond, what):
-    if not cond:
-        failures.append(what)
 
 
 def run(*args, stdin=None):
@@ -187,10 +183,7 @@ def main():
     check_progress_bar()
     check_all_fail()
     check_usage()
-    for f in failures:
-        print("FAIL:", f)
-    print(f"{len(failures)} failures")
-    return 1 if failures else 0
+    return verdict()
 
 
 if __name__ == "__main__":

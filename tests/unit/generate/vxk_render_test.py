@@ -12,6 +12,7 @@ import numpy
 from osgeo import gdal, ogr
 
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
+from checks import expect, verdict  # noqa: E402
 from sheet_mock import LABEL, add, layer, write_mock_set  # noqa: E402
 
 gdal.UseExceptions()
@@ -20,12 +21,6 @@ ogr.UseExceptions()
 VXK = os.path.join(os.environ.get("VXK_BIN_DIR", "."), "vxk")
 ROOT = os.path.join(os.environ.get("VXK_TEST_TMP", "/tmp"), "vxk_render")
 SVG = "{http://www.w3.org/2000/svg}"
-failures = []
-
-
-def expect(cond, what):
-    if not cond:
-        failures.append(what)
 
 
 def vxk(*args):
@@ -267,10 +262,7 @@ def main():
     check_label_placement()
     check_box()
     check_refusals()
-    for f in failures:
-        print("FAIL:", f)
-    print(f"{len(failures)} failures")
-    return 1 if failures else 0
+    return verdict()
 
 
 if __name__ == "__main__":
