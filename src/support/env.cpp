@@ -50,15 +50,32 @@ bool Tvx_env_main::stopped() {
   return f_env ? f_env->stopped() : false;
 }
 
-void Tvx_env_main::error_rc(int block, int index, ...) {
-  if (!f_env) return;
+namespace {
+
+std::string format_rc_list(int block, int index, va_list args) {
   const std::string format = Tvx_rc::get_str(block, index);
   char text[2048];
+  std::vsnprintf(text, sizeof text, format.c_str(), args);
+  return text;
+}
+
+}  // namespace
+
+void Tvx_env_main::error_rc(int block, int index, ...) {
+  if (!f_env) return;
   va_list args;
   va_start(args, index);
-  std::vsnprintf(text, sizeof text, format.c_str(), args);
+  const std::string text = format_rc_list(block, index, args);
   va_end(args);
-  f_env->error(text);
+  f_env->error(text.c_str());
+}
+
+std::string Tvx_env_main::format_rc(int block, int index, ...) {
+  va_list args;
+  va_start(args, index);
+  std::string text = format_rc_list(block, index, args);
+  va_end(args);
+  return text;
 }
 
 void Tvx_env_main::debug_beg_time(const char* label) {

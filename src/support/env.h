@@ -46,6 +46,8 @@ class Tvx_env_main {
   // format, filled with the arguments. Block 10 holds the file errors: 1 open ("%s"), 2 read ("%s"),
   // 3 write ("%s"), and 0 the memory error ("%d"). Nothing is formatted when no environment is installed.
   static void error_rc(int block, int index, ...);
+  // The same text, formatted and given back instead of reported.
+  static std::string format_rc(int block, int index, ...);
 
   // Starts a timer under the label (an earlier start stays), and reports through debug_message the
   // seconds since that start: "<label> time(<seconds>)", or "<label> time(unknown start)".
