@@ -1,0 +1,156 @@
+#include "safe_output.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <map>
+#include <string>
+
+#include "test_paths.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+void write(const fs::path& p, const std::string& text) {
+  std::ofstream(p, std::ios::binary) << text;
+}
+
+std::string read(const fs::path& p) {
+  std::ifstream in(p, std::ios::binary);
+  return std::string(std::istreambuf_iterator<char>(in), {});
+}
+
+std::map<std::string, std::string> contents(const fs::path& folder) {
+  std::map<std::string, std::string> found;
+  for (const auto& e : fs::recursive_directory_iterator(folder))
+    found[fs::relative(e.path(), folder).string()] = e.is_directory() ? "<folder>" : read(e.path());
+  return found;
+}
+
+class OutputSet : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    dir = vxk_test::scratch_dir(std::string("safe_output_") +
+                                ::testing::UnitTest::GetInstance()->current_test_info()->name());
+  }
+  fs::path dir;
+};
+
+TEST_F(OutputSet, NothingIsInPlaceBeforeTheCommit) {
+  vxk::output_set out;
+  ASSERT_TRUE(out.open((dir / "gk7").string())) << out.error();
+  const std::string staged = out.stage("roads.shp");
+  write(staged, "shape");
+  write(fs::path(staged).replace_extension(".dbf"), "table");
+  EXPECT_FALSE(fs::exists(dir / "gk7" / "roads.shp"));
+  ASSERT_TRUE(out.commit()) << out.error();
+  EXPECT_EQ(contents(dir / "gk7"),
+            (std::map<std::string, std::string>{{"roads.dbf", "table"}, {"roads.shp", "shape"}}));
+}
+
+TEST_F(OutputSet, SetThatIsNotCommittedLeavesNothingAndRemovesTheFoldersItMade) {
+  write(dir / "keep.txt", "mine");
+  {
+    vxk::output_set out;
+    ASSERT_TRUE(out.open((dir / "new" / "deeper").string()));
+    write(out.stage("roads.shp"), "half");
+  }
+  EXPECT_EQ(contents(dir), (std::map<std::string, std::string>{{"keep.txt", "mine"}}));
+}
+
+TEST_F(OutputSet, EarlierResultStaysWhenTheNewOneIsAbandoned) {
+  fs::create_directories(dir / "out");
+  write(dir / "out" / "roads.shp", "earlier");
+  write(dir / "out" / "roads.prj", "earlier system");
+  {
+    vxk::output_set out;
+    ASSERT_TRUE(out.open((dir / "out").string()));
+    write(out.stage("roads.shp"), "new");
+    out.replace_family("roads.shp", vxk::shape_side_extensions());
+  }
+  EXPECT_EQ(contents(dir / "out"),
+            (std::map<std::string, std::string>{{"roads.prj", "earlier system"}, {"roads.shp", "earlier"}}));
+}
+
+TEST_F(OutputSet, StaleSideFilesOfTheFamilyGoAndOthersStay) {
+  fs::create_directories(dir / "out");
+  for (const char* name : {"roads.shp", "roads.shx", "roads.dbf", "roads.PRJ", "roads.qix", "roads.shp.xml",
+                           "roads2.dbf", "rivers.prj"})
+    write(dir / "out" / name, "old");
+  vxk::output_set out;
+  ASSERT_TRUE(out.open((dir / "out").string()));
+  const std::string staged = out.stage("roads.shp");
+  write(staged, "new shape");
+  write(fs::path(staged).replace_extension(".shx"), "new index");
+  out.replace_family("roads.shp", vxk::shape_side_extensions());
+  ASSERT_TRUE(out.commit()) << out.error();
+  EXPECT_EQ(contents(dir / "out"), (std::map<std::string, std::string>{{"rivers.prj", "old"},
+                                                                       {"roads.shp", "new shape"},
+                                                                       {"roads.shp.xml", "old"},
+                                                                       {"roads.shx", "new index"},
+                                                                       {"roads2.dbf", "old"}}));
+}
+
+// A tree of results (the sheet generator writes folders of shape files) goes into place as a whole.
+TEST_F(OutputSet, TreesGoIntoPlaceWithTheirFolders) {
+  vxk::output_set out;
+  ASSERT_TRUE(out.open((dir / "sheet").string()));
+  write(out.stage("HYPS/Hypsa.shp"), "a");
+  write(out.stage("latlong/FRAME/Frame.shp"), "f");
+  ASSERT_TRUE(out.commit()) << out.error();
+  EXPECT_EQ(read(dir / "sheet" / "HYPS" / "Hypsa.shp"), "a");
+  EXPECT_EQ(read(dir / "sheet" / "latlong" / "FRAME" / "Frame.shp"), "f");
+  EXPECT_EQ(contents(dir / "sheet").size(), 5u);  // two files, three folders, no staging folder
+}
+
+TEST_F(OutputSet, FolderThatIsAFileIsAClearFailure) {
+  write(dir / "blocker", "x");
+  vxk::output_set out;
+  EXPECT_FALSE(out.open((dir / "blocker" / "out").string()));
+  EXPECT_EQ(out.error(),
+            "cannot create the folder '" + (dir / "blocker" / "out").string() + "': Not a directory");
+}
+
+TEST_F(OutputSet, FolderWhereNothingCanBeMadeIsAClearFailure) {
+  vxk::output_set out;
+  EXPECT_FALSE(out.open("/proc"));
+  EXPECT_EQ(out.error(), "cannot write in the folder '/proc': No such file or directory");
+}
+
+TEST_F(OutputSet, CurrentFolderIsTheEmptyName) {
+  const fs::path cwd = fs::current_path();
+  fs::current_path(dir);
+  {
+    vxk::output_set out;
+    ASSERT_TRUE(out.open(""));
+    const std::string staged = out.stage("x.shp");
+    write(staged, "x");
+    EXPECT_EQ(out.final_text("Error writing file: \"" + staged + "\": File too large"),
+              "Error writing file: \"x.shp\": File too large");
+    ASSERT_TRUE(out.commit());
+  }
+  fs::current_path(cwd);
+  EXPECT_EQ(read(dir / "x.shp"), "x");
+}
+
+TEST_F(OutputSet, FinalTextShowsThePathsTheResultWillHave) {
+  vxk::output_set out;
+  ASSERT_TRUE(out.open((dir / "gk7").string()));
+  const std::string staged = out.stage("roads.shp");
+  EXPECT_EQ(out.final_text("cannot copy 'a.dbf' to '" + staged + "' and '" + staged + "'"),
+            "cannot copy 'a.dbf' to '" + (dir / "gk7" / "roads.shp").string() + "' and '" +
+                (dir / "gk7" / "roads.shp").string() + "'");
+}
+
+TEST_F(OutputSet, SameFileByIdentity) {
+  write(dir / "a.shp", "a");
+  fs::create_symlink(dir / "a.shp", dir / "link.shp");
+  EXPECT_TRUE(vxk::same_file((dir / "a.shp").string(), (dir / "." / "a.shp").string()));
+  EXPECT_TRUE(vxk::same_file((dir / "a.shp").string(), (dir / "link.shp").string()));
+  EXPECT_FALSE(vxk::same_file((dir / "a.shp").string(), (dir / "b.shp").string()));
+}
+
+}  // namespace

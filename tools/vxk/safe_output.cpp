@@ -1,0 +1,203 @@
+#include "safe_output.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+#include <filesystem>
+#include <set>
+#include <system_error>
+
+namespace vxk {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string join(const std::string& folder, const std::string& relative) {
+  return folder.empty() ? relative : folder + "/" + relative;
+}
+
+std::string lower(std::string text) {
+  for (char& c : text) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+  return text;
+}
+
+// The main files of a set go into place last, so that a reader that opens the set while it is being
+// replaced finds the new main file with its new side files.
+bool goes_later(const std::string& a, const std::string& b) {
+  const bool a_main = lower(fs::path(a).extension().string()) == ".shp";
+  const bool b_main = lower(fs::path(b).extension().string()) == ".shp";
+  return a_main != b_main ? b_main : a < b;
+}
+
+// Flushes a file (or a folder's entries) to the disk; errno tells why when it cannot.
+bool sync_path(const std::string& path, int flags) {
+  const int fd = ::open(path.c_str(), flags | O_CLOEXEC);
+  if (fd < 0) return false;
+  const bool synced = ::fsync(fd) == 0 || ((flags & O_DIRECTORY) != 0 && errno == EINVAL);
+  const int sync_errno = errno;
+  const bool closed = ::close(fd) == 0;
+  if (!synced) errno = sync_errno;
+  return synced && closed;
+}
+
+// The files under a folder, as paths relative to it, main files last.
+std::vector<std::string> files_under(const std::string& folder) {
+  std::vector<std::string> files;
+  std::error_code ec;
+  for (fs::recursive_directory_iterator it(folder, ec), end; !ec && it != end; it.increment(ec)) {
+    if (it->is_regular_file(ec)) files.push_back(fs::relative(it->path(), folder, ec).string());
+  }
+  std::sort(files.begin(), files.end(), goes_later);
+  return files;
+}
+
+}  // namespace
+
+bool same_file(const std::string& a, const std::string& b) {
+  struct stat sa {
+  }, sb{};
+  return ::stat(a.c_str(), &sa) == 0 && ::stat(b.c_str(), &sb) == 0 && sa.st_dev == sb.st_dev &&
+         sa.st_ino == sb.st_ino;
+}
+
+const std::vector<std::string>& shape_side_extensions() {
+  // A ".shp.xml" holds metadata that people write; it is not derived from the data and stays.
+  static const std::vector<std::string> extensions = {".shp", ".shx", ".dbf", ".cpg", ".prj", ".pj4",
+                                                      ".qix", ".sbn", ".sbx", ".fbn", ".fbx", ".ain",
+                                                      ".aih", ".atx", ".ixs", ".mxs"};
+  return extensions;
+}
+
+output_set::~output_set() {
+  if (!committed_) abandon();
+}
+
+bool output_set::fail(const std::string& what, const std::string& path, int error_number) {
+  error_ = what + " '" + path + "': " + std::strerror(error_number);
+  return false;
+}
+
+// Makes every missing level of the folder, outermost first, and remembers what it made.
+bool output_set::make_folder(const std::string& folder) {
+  std::vector<std::string> missing;
+  for (fs::path p = folder; !p.empty(); p = p.parent_path()) {
+    struct stat st {};
+    if (::stat(p.c_str(), &st) == 0) {
+      if (!S_ISDIR(st.st_mode)) return fail("cannot create the folder", folder, ENOTDIR);
+      break;
+    }
+    missing.push_back(p.string());
+    if (p == p.parent_path()) break;
+  }
+  for (auto it = missing.rbegin(); it != missing.rend(); ++it) {
+    if (::mkdir(it->c_str(), 0777) != 0) return fail("cannot create the folder", *it, errno);
+    created_.push_back(*it);
+  }
+  return true;
+}
+
+bool output_set::open(const std::string& folder) {
+  folder_ = folder;
+  if (!make_folder(folder)) return false;
+  std::string pattern = join(folder, ".vxk-XXXXXX");
+  if (!::mkdtemp(pattern.data())) {
+    return fail("cannot write in the folder", folder.empty() ? "." : folder, errno);
+  }
+  staging_ = pattern;
+  return true;
+}
+
+std::string output_set::stage(const std::string& relative) {
+  const std::string path = join(staging_, relative);
+  std::error_code ec;
+  fs::create_directories(fs::path(path).parent_path(), ec);
+  return path;
+}
+
+void output_set::replace_family(const std::string& relative, const std::vector<std::string>& extensions) {
+  families_.push_back(fs::path(relative).replace_extension().string());
+  family_extensions_.push_back(extensions);
+}
+
+bool output_set::sync_staged(const std::vector<std::string>& files) {
+  for (const std::string& f : files) {
+    if (!sync_path(join(staging_, f), O_RDONLY)) return fail("cannot write", join(folder_, f), errno);
+  }
+  return true;
+}
+
+bool output_set::move_into_place(const std::vector<std::string>& files) {
+  for (const std::string& f : files) {
+    const std::string target = join(folder_, f);
+    std::error_code ec;
+    const fs::path parent = fs::path(target).parent_path();
+    if (!parent.empty()) fs::create_directories(parent, ec);
+    if (ec) return fail("cannot create the folder", parent.string(), ec.value());
+    if (::rename(join(staging_, f).c_str(), target.c_str()) != 0)
+      return fail("cannot replace", target, errno);
+  }
+  std::set<std::string> folders;
+  for (const std::string& f : files) {
+    const std::string parent = fs::path(join(folder_, f)).parent_path().string();
+    folders.insert(parent.empty() ? "." : parent);
+  }
+  for (const std::string& folder : folders) {
+    if (!sync_path(folder, O_RDONLY | O_DIRECTORY)) return fail("cannot write the folder", folder, errno);
+  }
+  return true;
+}
+
+// A side file of a replaced shape file that the new result does not have would describe the old data.
+bool output_set::remove_stale(const std::vector<std::string>& files) {
+  for (size_t k = 0; k < families_.size(); ++k) {
+    const fs::path stem = join(folder_, families_[k]);
+    const std::string folder = stem.parent_path().empty() ? "." : stem.parent_path().string();
+    const std::string name = stem.filename().string();
+    std::error_code ec;
+    for (const fs::directory_entry& e : fs::directory_iterator(folder, ec)) {
+      const std::string entry = e.path().filename().string();
+      if (entry.size() <= name.size() || entry.compare(0, name.size(), name) != 0) continue;
+      const std::string ext = lower(entry.substr(name.size()));
+      const auto& wanted = family_extensions_[k];
+      if (std::find(wanted.begin(), wanted.end(), ext) == wanted.end()) continue;
+      const std::string relative = join(fs::path(families_[k]).parent_path().string(), entry);
+      if (std::find(files.begin(), files.end(), relative) != files.end()) continue;
+      if (::unlink(e.path().c_str()) != 0 && errno != ENOENT)
+        return fail("cannot remove", e.path().string(), errno);
+    }
+  }
+  return true;
+}
+
+bool output_set::commit() {
+  if (staging_.empty()) return fail("nothing to write in", folder_, EINVAL);
+  const std::vector<std::string> files = files_under(staging_);
+  if (!sync_staged(files) || !move_into_place(files) || !remove_stale(files)) return false;
+  std::error_code ec;
+  fs::remove_all(staging_, ec);
+  committed_ = true;
+  return true;
+}
+
+void output_set::abandon() {
+  std::error_code ec;
+  if (!staging_.empty()) fs::remove_all(staging_, ec);
+  for (auto it = created_.rbegin(); it != created_.rend(); ++it) ::rmdir(it->c_str());
+}
+
+std::string output_set::final_text(std::string text) const {
+  if (staging_.empty()) return text;
+  const std::string from = staging_ + "/";
+  const std::string to = folder_.empty() ? std::string() : folder_ + "/";
+  for (size_t at = text.find(from); at != std::string::npos; at = text.find(from, at + to.size())) {
+    text.replace(at, from.size(), to);
+  }
+  return text;
+}
+
+}  // namespace vxk
