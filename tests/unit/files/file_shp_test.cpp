@@ -723,6 +723,17 @@ TEST_F(ShpTest, RecordLengthPastTheEndOfTheFile) {
   EXPECT_EQ(pp.get(0).y, 4.0);
 }
 
+// Opens shp and expects it refused as no shape file: zero records, and one report, the one given.
+void expect_refused(const std::filesystem::path& shp, const std::string& report) {
+  Tvx_file_shp r;
+  vxk_test::env_capture env;
+  r.open(shp.string().c_str(), true);
+  EXPECT_FALSE(r.is_valid());
+  EXPECT_EQ(r.get_no(), 0u);
+  EXPECT_EQ(r.get_type(), 0);
+  EXPECT_EQ(env.errors, std::vector<std::string>{report});
+}
+
 // A file that is not a shape file is refused before any count of it is believed: zero records, and the
 // reason through the environment.
 TEST_F(ShpTest, TextFilesNamedShpAndShxAreRefused) {
@@ -747,26 +758,14 @@ TEST_F(ShpTest, IndexWithAnotherFileCodeIsRefused) {
   bytes x = read_bytes(shx);
   x[3] = 0x09;
   write_bytes(shx, x);
-  Tvx_file_shp r;
-  vxk_test::env_capture env;
-  r.open(shp.string().c_str(), true);
-  EXPECT_FALSE(r.is_valid());
-  EXPECT_EQ(r.get_no(), 0u);
-  ASSERT_EQ(env.errors.size(), 1u);
-  EXPECT_EQ(env.errors[0], "'" + shx.string() + "' is not a shape file: its file code is 9993, not 9994");
+  expect_refused(shp, "'" + shx.string() + "' is not a shape file: its file code is 9993, not 9994");
 }
 
 TEST_F(ShpTest, FileShorterThanAHeaderIsRefused) {
   write_bytes(shp, bytes(60, 0));
   write_bytes(shx, bytes(100, 0));
-  Tvx_file_shp r;
-  vxk_test::env_capture env;
-  r.open(shp.string().c_str(), true);
-  EXPECT_FALSE(r.is_valid());
-  EXPECT_EQ(r.get_no(), 0u);
-  ASSERT_EQ(env.errors.size(), 1u);
-  EXPECT_EQ(env.errors[0],
-            "'" + shp.string() + "' is not a shape file: it is shorter than the 100-byte header (60 bytes)");
+  expect_refused(
+      shp, "'" + shp.string() + "' is not a shape file: it is shorter than the 100-byte header (60 bytes)");
 }
 
 // A folder named like the index once made the reader allocate 4 GB: it is a file that cannot be opened.
@@ -776,14 +775,7 @@ TEST_F(ShpTest, IndexThatIsAFolderIsRefused) {
   write_pair(shp, 1, {c.v});
   std::filesystem::remove(shx);
   std::filesystem::create_directory(shx);
-  Tvx_file_shp r;
-  vxk_test::env_capture env;
-  r.open(shp.string().c_str(), true);
-  EXPECT_FALSE(r.is_valid());
-  EXPECT_EQ(r.get_no(), 0u);
-  EXPECT_EQ(r.get_file_failures(), 1u);
-  ASSERT_EQ(env.errors.size(), 1u);
-  EXPECT_EQ(env.errors[0], "Can't open file: \"" + shx.string() + "\": Is a directory");
+  expect_refused(shp, "Can't open file: \"" + shx.string() + "\": Is a directory");
 }
 
 // Records whose data is not all there: each is marked, so that a caller can tell a damaged source from

@@ -14,22 +14,6 @@
 
 namespace {
 
-// An environment that keeps the error texts it receives.
-class error_log : public Tvx_env {
- public:
-  std::vector<std::string> errors;
-  void message(const char*) override {}
-  void error(const char* text) override { errors.push_back(text); }
-  void set_debug_flag(bool) override {}
-  void debug_message(const char*) override {}
-  void* wait_start(const char*) override { return nullptr; }
-  void wait_finish(void*, int) override {}
-  void* progress_start(const char*) override { return nullptr; }
-  void progress(void*, uint32_t, uint32_t) override {}
-  void progress_finish(void*, int) override {}
-  bool stopped() override { return false; }
-};
-
 class FileTest : public ::testing::Test {
  protected:
   void SetUp() override {
@@ -45,7 +29,7 @@ class FileTest : public ::testing::Test {
   }
   std::string path(const char* name) const { return (dir / name).string(); }
   std::filesystem::path dir;
-  error_log log;
+  vxk_test::env_capture log;
 };
 
 TEST_F(FileTest, OpenOfMissingFileReportsAndCloseDoesNothing) {
