@@ -268,8 +268,10 @@ VX_API bool vx_proj4_shp_w(const wchar_t* src_file, const wchar_t* src_proj, con
  * not null, receives:
  *   records      the number of records written;
  *   failed       of these, null records written because their transformation failed;
- *   unreadable   of these, null records written because the source record could not be read (the
- *                source is damaged); null records of the source itself count in neither;
+ *   unreadable   records of the source that could not be read (the source is damaged): null records
+ *                written in their place, and records that the source's index counts but no longer
+ *                holds (a cut-off .shx), which have no place in the result; null records of the source
+ *                itself count in neither;
  *   file_errors  failures of files (a source that cannot be opened or is not a shape file, a read, a
  *                write, a copy of the .dbf or .cpg), each reported through the host environment. A run
  *                with file errors has not produced a complete result. */

@@ -64,7 +64,7 @@ void Tvx_file_shp_exe::reset_state() {
   f_z_min = f_z_max = f_m_min = f_m_max = 0;
   f_shp_len = f_shx_len = 0;
   f_valid = false;
-  f_shp_size = f_rec_loaded = 0;
+  f_shp_size = f_rec_loaded = f_missing = 0;
   f_rec_damaged = false;
   f_index->clear();
   f_rec->clear();
@@ -107,11 +107,18 @@ bool Tvx_file_shp_exe::has_shape_header(Tvx_file* file, const std::wstring& path
   }
   Tvx_bin head;
   file->seek(0);
-  head.load_file_part(file, 4);
+  head.load_file_part(file, 28);
   const int32_t code = head.get_invert_int();
-  if (code == FILE_CODE) return true;
-  Tvx_file::report_content(path,
-                           "is not a shape file: its file code is " + std::to_string(code) + ", not 9994");
+  if (code != FILE_CODE) {
+    Tvx_file::report_content(path,
+                             "is not a shape file: its file code is " + std::to_string(code) + ", not 9994");
+    return false;
+  }
+  head.set_offset(24);
+  const int64_t length = static_cast<int64_t>(head.get_invert_int()) * 2;
+  if (length >= HEADER_SIZE) return true;
+  Tvx_file::report_content(path, "is not a shape file: its header gives it a length of " +
+                                     std::to_string(length) + " bytes, less than the header itself");
   return false;
 }
 
@@ -142,7 +149,8 @@ void Tvx_file_shp_exe::read_headers(const std::wstring& index_path) {
   const uint32_t size = f_index->get_size();
   const uint32_t held = size >= HEADER_SIZE ? (size - HEADER_SIZE) / INDEX_ENTRY_SIZE : 0;
   f_count = std::min(claimed, held);
-  if (claimed != held || f_shx_len < HEADER_SIZE) {
+  f_missing = claimed - f_count;
+  if (claimed != held) {
     Tvx_file::report_content(index_path, "is damaged: its header counts " + std::to_string(claimed) +
                                              " records, it holds " + std::to_string(held));
   }

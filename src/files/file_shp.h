@@ -59,8 +59,11 @@ class Tvx_file_shp_exe {
   // is_record_damaged: the record that get_obj_type loaded, or the get_... that read it, found the file
   // cut short or its counts inconsistent; what could not be read is left empty. get_file_failures:
   // open, read and write failures of the two files, each already reported.
+  // get_missing: records that the index's header counts and the index does not hold (it was cut short);
+  // get_no leaves them out.
   bool is_valid() const { return f_valid; }
   bool is_record_damaged() const { return f_rec_damaged; }
+  unsigned get_missing() const { return f_missing; }
   unsigned get_file_failures() const;
 
   int get_obj_type(unsigned i);
@@ -139,6 +142,7 @@ class Tvx_file_shp_exe {
   uint32_t f_shp_size = 0;
   uint32_t f_rec_loaded = 0;
   bool f_rec_damaged = false;
+  uint32_t f_missing = 0;
 };
 
 // The public handle of a shape file: forwards to its engine.
@@ -162,6 +166,7 @@ class Tvx_file_shp {
   int get_obj_type(unsigned i) { return f_exe->get_obj_type(i); }
   bool is_valid() const { return f_exe->is_valid(); }
   bool is_record_damaged() const { return f_exe->is_record_damaged(); }
+  unsigned get_missing() const { return f_exe->get_missing(); }
   unsigned get_file_failures() const { return f_exe->get_file_failures(); }
 
   bool get_point(Tvx_point2d* p) { return f_exe->get_point(p); }

@@ -174,6 +174,7 @@ run_result reproject_records(Tvx_reproj_2d& rpj, const std::wstring& src_file, c
     report_error("the source " + quoted(src_file) + " is damaged: " + std::to_string(unreadable) + " of " +
                  std::to_string(total) + " records could not be read and were written as null records");
   }
+  if (report) report->unreadable += src.get_missing();
   return {true, src.get_file_failures() + dst.get_file_failures()};
 }
 

@@ -9,9 +9,11 @@ struct Tvx_reproj_shape_report {
   // Called after each record with the number of records done and the number in the source.
   void (*progress)(unsigned done, unsigned total, void* user) = nullptr;
   void* user = nullptr;
-  unsigned records = 0;      // records written to the destination
-  unsigned failed = 0;       // of these, null records that stand for a record that could not be transformed
-  unsigned unreadable = 0;   // of these, null records that stand for a record that could not be read
+  unsigned records = 0;  // records written to the destination
+  unsigned failed = 0;   // of these, null records that stand for a record that could not be transformed
+  // Records of the source that could not be read: null records that stand for them, and records that
+  // the index counts but no longer holds (a cut-off .shx; these have no record at the destination).
+  unsigned unreadable = 0;
   unsigned file_errors = 0;  // failures to open, read, write or copy a file, each reported
 };
 

@@ -243,10 +243,8 @@ std::string reproject_into(const options& opt, vxk::output_set& out, vx_proj4_sh
 std::string summary(const options& opt, const vx_proj4_shp_counts& counts) {
   std::string text = vxk::echo(opt.dst) + ": " + std::to_string(counts.records) + " records written, " +
                      std::to_string(counts.failed) + " became null records (could not be transformed)";
-  if (counts.unreadable) {
-    text += ", " + std::to_string(counts.unreadable) +
-            " became null records because they could not be read: the source is damaged";
-  }
+  if (counts.unreadable)
+    text += ", " + std::to_string(counts.unreadable) + " could not be read: the source is damaged";
   return text;
 }
 

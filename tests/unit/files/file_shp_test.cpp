@@ -612,6 +612,17 @@ void read_everything(const std::filesystem::path& shp) {
   }
 }
 
+// Opens shp and expects it refused as no shape file: zero records, and one report, the one given.
+void expect_refused(const std::filesystem::path& shp, const std::string& report) {
+  Tvx_file_shp r;
+  vxk_test::env_capture env;
+  r.open(shp.string().c_str(), true);
+  EXPECT_FALSE(r.is_valid());
+  EXPECT_EQ(r.get_no(), 0u);
+  EXPECT_EQ(r.get_type(), 0);
+  EXPECT_EQ(env.errors, std::vector<std::string>{report});
+}
+
 TEST_F(ShpTest, IndexHeaderClaimingTwoToTheThirtyFirstRecords) {
   writer c;
   c.le(1).d(1).d(2);
@@ -628,6 +639,7 @@ TEST_F(ShpTest, IndexHeaderClaimingTwoToTheThirtyFirstRecords) {
   ASSERT_EQ(env.errors.size(), 1u);
   EXPECT_EQ(env.errors[0],
             "'" + shx.string() + "' is damaged: its header counts 268435443 records, it holds 1");
+  EXPECT_EQ(r.get_missing(), 268435442u);
   ASSERT_EQ(r.get_obj_type(0), SHP_POINT);
   Tvx_point2d p;
   r.get_point(&p);
@@ -645,9 +657,10 @@ TEST_F(ShpTest, IndexLengthBelowTheHeaderGivesNoRecords) {
   x[24] = x[25] = x[26] = 0;
   x[27] = 10;
   write_bytes(shx, x);
-  Tvx_file_shp r;
-  r.open(shp.string().c_str(), true);
-  EXPECT_EQ(r.get_no(), 0u);
+  // A length shorter than the header cannot be: this is no shape file.
+  expect_refused(shp, "'" + shx.string() +
+                          "' is not a shape file: its header gives it a length of 20 bytes, less than "
+                          "the header itself");
 }
 
 TEST_F(ShpTest, PartCountLargerThanTheRecord) {
@@ -721,17 +734,6 @@ TEST_F(ShpTest, RecordLengthPastTheEndOfTheFile) {
   r.get_multipoint(&pp);
   ASSERT_EQ(pp.get_size(), 1);
   EXPECT_EQ(pp.get(0).y, 4.0);
-}
-
-// Opens shp and expects it refused as no shape file: zero records, and one report, the one given.
-void expect_refused(const std::filesystem::path& shp, const std::string& report) {
-  Tvx_file_shp r;
-  vxk_test::env_capture env;
-  r.open(shp.string().c_str(), true);
-  EXPECT_FALSE(r.is_valid());
-  EXPECT_EQ(r.get_no(), 0u);
-  EXPECT_EQ(r.get_type(), 0);
-  EXPECT_EQ(env.errors, std::vector<std::string>{report});
 }
 
 // A file that is not a shape file is refused before any count of it is believed: zero records, and the

@@ -254,14 +254,32 @@ class VxkReprojectKeepsData(unittest.TestCase):
         dst = os.path.join(self.tmp, "out", "roads.shp")
         run = vxk(self.src, dst, "--from", PULKOVO, "--to", GK7)
         self.assertEqual(run.returncode, 3, run.stderr)
-        self.assertIn("2000 records written, 0 became null records (could not be transformed), 1000 became "
-                      "null records because they could not be read: the source is damaged", run.stdout)
+        self.assertIn("2000 records written, 0 became null records (could not be transformed), 1000 could "
+                      "not be read: the source is damaged", run.stdout)
         self.assertIn("is damaged: 1000 of 2000 records could not be read", run.stderr)
         types = records(dst)
         self.assertEqual(len(types), 2000)
         self.assertEqual(types[:1000], [1] * 1000)
         self.assertEqual(types[1000:], [0] * 1000)
         self.assert_source_unchanged()
+
+    def test_index_cut_short_is_reported_as_damaged(self):
+        shx = self.src[:-4] + ".shx"
+        os.truncate(shx, os.path.getsize(shx) - 8 * 500)
+        self.before = snapshot(os.path.dirname(self.src))
+        dst = os.path.join(self.tmp, "out", "roads.shp")
+        run = vxk(self.src, dst, "--from", PULKOVO, "--to", GK7)
+        self.assertEqual(run.returncode, 3, run.stderr)
+        self.assertIn("1500 records written", run.stdout)
+        self.assertIn("500 could not be read: the source is damaged", run.stdout)
+        self.assertIn("is damaged: its header counts 2000 records, it holds 1500", run.stderr)
+        self.assert_source_unchanged()
+
+    def test_index_with_an_impossible_length_is_refused(self):
+        with open(self.src[:-4] + ".shx", "r+b") as f:
+            f.seek(24)
+            f.write(struct.pack(">i", 10))
+        self.check_not_a_shape_file("its header gives it a length of 20 bytes, less than the header itself")
 
     def check_not_a_shape_file(self, expected):
         self.before = snapshot(os.path.dirname(self.src))
