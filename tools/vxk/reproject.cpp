@@ -235,9 +235,12 @@ std::string reproject_into(const options& opt, vxk::output_set& out, vx_proj4_sh
                       wants_progress_bar(opt) ? &progress_bar::update : nullptr, &bar, &counts);
   print_reports(reports, out);
   if (!built) return "nothing was written";
-  if (counts.file_errors) return "nothing was written to '" + vxk::echo(opt.dst) + "'";
-  if (opt.prj) return write_prj(staged, opt.dst, opt.to);
-  return {};
+  const std::string untouched =
+      "nothing was written to '" + vxk::echo(opt.dst) + "'; what was there is as it was";
+  if (counts.file_errors) return untouched;
+  if (!opt.prj) return {};
+  const std::string error = write_prj(staged, opt.dst, opt.to);
+  return error.empty() ? error : error + "; " + untouched;
 }
 
 std::string summary(const options& opt, const vx_proj4_shp_counts& counts) {
@@ -265,7 +268,7 @@ int run(const std::vector<std::string>& args) {
   vx_proj4_shp_counts counts{};
   if (std::string err = reproject_into(opt, out, counts); !err.empty()) return fail(err);
   out.replace_family(fs::path(opt.dst).filename().string(), vxk::shape_side_extensions());
-  if (!out.commit()) return fail(out.error());
+  if (!out.commit()) return fail(out.error() + "; the result may be incomplete");
   std::printf("%s\n", summary(opt, counts).c_str());
   return counts.unreadable ? kDamagedSource : 0;
 }

@@ -141,6 +141,11 @@ bool output_set::move_into_place(const std::vector<std::string>& files) {
     if (::rename(join(staging_, f).c_str(), target.c_str()) != 0)
       return fail("cannot replace", target, errno);
   }
+  return true;
+}
+
+// The renames and removals reach the disk with the folders that hold them.
+bool output_set::sync_folders(const std::vector<std::string>& files) {
   std::set<std::string> folders;
   for (const std::string& f : files) {
     const std::string parent = fs::path(join(folder_, f)).parent_path().string();
@@ -161,7 +166,8 @@ bool output_set::remove_stale(const std::vector<std::string>& files) {
     std::error_code ec;
     for (const fs::directory_entry& e : fs::directory_iterator(folder, ec)) {
       const std::string entry = e.path().filename().string();
-      if (entry.size() <= name.size() || entry.compare(0, name.size(), name) != 0) continue;
+      if (e.is_directory(ec) || entry.size() <= name.size() || entry.compare(0, name.size(), name) != 0)
+        continue;
       const std::string ext = lower(entry.substr(name.size()));
       const auto& wanted = family_extensions_[k];
       if (std::find(wanted.begin(), wanted.end(), ext) == wanted.end()) continue;
@@ -177,7 +183,8 @@ bool output_set::remove_stale(const std::vector<std::string>& files) {
 bool output_set::commit() {
   if (staging_.empty()) return fail("nothing to write in", folder_, EINVAL);
   const std::vector<std::string> files = files_under(staging_);
-  if (!sync_staged(files) || !move_into_place(files) || !remove_stale(files)) return false;
+  if (!sync_staged(files) || !move_into_place(files) || !remove_stale(files) || !sync_folders(files))
+    return false;
   std::error_code ec;
   fs::remove_all(staging_, ec);
   committed_ = true;

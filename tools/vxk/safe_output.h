@@ -15,10 +15,10 @@
 //
 // commit() flushes every staged file to the disk and checks it, renames each into place (each file is
 // replaced atomically; the main files, ".shp", last), removes the members of a replaced family that the
-// new result does not have (a stale ".prj" would describe the wrong system), and removes the staging
-// folder. A set that is destroyed without a successful commit removes its staging folder and every
-// folder that open() created. Every failure is told by error(): what failed, the path, and the system's
-// reason (strerror).
+// new result does not have (a stale ".prj" would describe the wrong system), flushes the folders, and
+// removes the staging folder. A set that is destroyed without a successful commit removes its staging folder
+// and every folder that open() created. Every failure is told by error(): what failed, the path, and the
+// system's reason (strerror).
 //
 // Both names given to stage() and replace_family() are relative to the destination folder and may hold
 // subfolders ("HYPS/Hypsa.shp"), which are made in the destination at commit when missing.
@@ -69,6 +69,7 @@ class output_set {
   bool sync_staged(const std::vector<std::string>& files);
   bool move_into_place(const std::vector<std::string>& files);
   bool remove_stale(const std::vector<std::string>& files);
+  bool sync_folders(const std::vector<std::string>& files);
   void abandon();
   bool fail(const std::string& what, const std::string& path, int error_number);
 
