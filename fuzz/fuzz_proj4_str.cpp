@@ -1,10 +1,13 @@
 // Hostile PROJ strings through the parser: every operation must survive any text, and a text that has
-// been composed once must come back the same from a second parse and compose.
+// been composed once must come back the same from a second parse and compose. The same texts go through
+// the description, the GDAL form and the lookup in the catalogue of projections.
 #include <cstdint>
 #include <cstdlib>
 #include <string>
 
+#include "proj4/pj_catalogue.h"
 #include "proj4/proj4_str.h"
+#include "proj4/proj4_str_correct.h"
 
 namespace {
 
@@ -35,6 +38,9 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   t.set(s.get());
   t.decompose();
   s.equal(&t);
+  t.get_text();
+  vx::proj4::find_definition(vx::proj4::catalogue(), t);
+  Tvx_proj4_str_correct::patch_proj4_for_gdal(c_text.c_str());
   s.set_is_long_lat();
   s.compose();
 

@@ -32,6 +32,20 @@ extern "C" {
 #endif
 
 /* ===================================================================================================
+ * Shared value types
+ * =================================================================================================== */
+
+/* A vertex: x then y, passed by value. An easting or longitude, then a northing or latitude (degrees,
+ * longitude first, in a geographic system). */
+#ifndef VX_VTX_D2_DEFINED
+#define VX_VTX_D2_DEFINED
+typedef struct Tvx_vtx_d2 {
+  double x;
+  double y;
+} Tvx_vtx_d2;
+#endif
+
+/* ===================================================================================================
  * String sink
  * =================================================================================================== */
 
@@ -104,6 +118,23 @@ VX_API void vx_env_install_out(const vx_env_callbacks* callbacks, void* user);
 
 /* Removes the environment installed by vx_env_install_out; reports vanish again. */
 VX_API void vx_env_remove_out(void);
+
+/* ===================================================================================================
+ * Style library
+ * =================================================================================================== */
+
+/* @section options */
+
+/* The folder of the style library, which holds "std_list/proj0.pj4": the geographic system (Pulkovo 1942
+ * on the Krasovsky ellipsoid) in which the sheet generator lays out a sheet and to which it returns for
+ * the latlong set. The answer is, in this order: the path given to vx_options_set_style_libs_path; the
+ * environment variable VXK_STYLE_LIBS (UTF-8); the installed default <prefix>/share/vxk/stylelib/ when
+ * that folder exists; and the source tree's data/stylelib/ for a library used from its build tree. It
+ * always ends in a separator and is never null; the pointer is valid until the next call. */
+VX_API const wchar_t* vx_options_get_style_libs_path(void);
+/* Sets the folder that vx_options_get_style_libs_path answers; null or an empty text returns to the
+ * default order. */
+VX_API void vx_options_set_style_libs_path(const wchar_t* path);
 
 /* ===================================================================================================
  * Sheet designation record
@@ -287,6 +318,103 @@ VX_API bool vx_proj4_shp_ex(const char* src_file, const char* src_proj, const ch
                             vx_proj4_shp_counts* counts);
 
 /* ===================================================================================================
+ * Point and object vectors
+ * =================================================================================================== */
+
+/* @section vectors */
+
+/* A point vector (Tvx_pp2d) is an ordered, growable list of vertices, addressed from 0: one line or
+ * ring. An object vector (Tvx_op2d) is an ordered list of point vectors, its parts: the geometry of one
+ * shape record. A part belongs to its object vector and stays valid until that is cleared or destroyed.
+ * Reading an index out of range gives (0, 0); writing one does nothing. */
+typedef struct Tvx_pp2d Tvx_pp2d;
+typedef struct Tvx_op2d Tvx_op2d;
+
+/* Null when memory runs out. */
+VX_API Tvx_pp2d* vx_pv_d2_create(void);
+VX_API void vx_pv_d2_destroy(Tvx_pp2d* vector);
+VX_API void vx_pv_d2_clear(Tvx_pp2d* vector);
+/* The size becomes exactly count; new vertices are (0, 0). A count the memory cannot hold, or above
+ * INT32_MAX, leaves the vector as it was. */
+VX_API void vx_pv_d2_set_size(Tvx_pp2d* vector, uint32_t count);
+VX_API uint32_t vx_pv_d2_get_size(const Tvx_pp2d* vector);
+VX_API Tvx_vtx_d2 vx_pv_d2_get_vtx(const Tvx_pp2d* vector, uint32_t index);
+VX_API void vx_pv_d2_set_vtx(Tvx_pp2d* vector, uint32_t index, Tvx_vtx_d2 vertex);
+/* Appends the vertex, also when it equals the last one: duplicates are kept. */
+VX_API void vx_pv_d2_add_vtx(Tvx_pp2d* vector, Tvx_vtx_d2 vertex);
+/* Appends a copy of all the other's vertices in their order (the vector itself may be given). */
+VX_API void vx_pv_d2_add_pv(Tvx_pp2d* vector, const Tvx_pp2d* other);
+/* Replaces the content by a copy of the other's. */
+VX_API void vx_pv_d2_assign(Tvx_pp2d* vector, const Tvx_pp2d* other);
+/* The sum of the plane distances of neighbouring vertices. */
+VX_API double vx_pv_d2_get_length(const Tvx_pp2d* vector);
+
+/* Null when memory runs out. */
+VX_API Tvx_op2d* vx_ov_d2_create(void);
+/* Appends a new empty part and gives it; null when memory runs out. */
+VX_API Tvx_pp2d* vx_ov_d2_add(Tvx_op2d* object);
+/* Removes (and destroys) all parts. */
+VX_API void vx_ov_d2_clear(Tvx_op2d* object);
+/* Destroys the object vector with its parts. */
+VX_API void vx_ov_d2_destroy(Tvx_op2d* object);
+
+/* ===================================================================================================
+ * Shape and table writers
+ * =================================================================================================== */
+
+/* @section writers */
+
+/* A shape file open for writing: the .shp with its .shx, of one shape type. */
+typedef struct Tvx_shp_basic Tvx_shp_basic;
+
+/* Shape type codes of the ESRI format that the writer takes. */
+enum { VX_SHP_POINT = 1, VX_SHP_POLYLINE = 3, VX_SHP_POLYGON = 5 };
+
+/* Creates the shape file and its index (replacing files of the same names) for records of the type 1, 3
+ * or 5. Null when the files cannot be created (a missing folder among the causes) or for another type. */
+VX_API Tvx_shp_basic* vx_shp_file_create_w(const wchar_t* path, int type);
+/* Appends one polyline (3) or polygon (5) record whose parts are the object vector's parts, in order,
+ * with their vertices as they stand: a ring is neither closed nor turned. The type must be the file's;
+ * false for another type. */
+VX_API bool vx_shp_file_add_polypoint(Tvx_shp_basic* file, Tvx_op2d* object, int type);
+/* Appends one point record to a point file; false for a file of another type. */
+VX_API bool vx_shp_file_add_point(Tvx_shp_basic* file, Tvx_vtx_d2 point);
+/* Finishes the headers, the bounding box and the index, and releases the handle (null is allowed). */
+VX_API void vx_shp_file_close(Tvx_shp_basic* file);
+
+/* The description of one column of a table: 14 bytes, filled by vx_dbf_field_init. */
+typedef struct Tvx_dbf_field {
+  char name[11]; /* up to 10 characters and the terminating zero */
+  uint8_t type;  /* VX_DBF_CHARACTER or VX_DBF_NUMERIC */
+  uint8_t width;
+  uint8_t decimals;
+} Tvx_dbf_field;
+
+/* Column type codes. */
+enum { VX_DBF_CHARACTER = 1, VX_DBF_NUMERIC = 2 };
+
+/* Fills the description: the name cut to 10 characters, the type code, the width (1 to 254) and the
+ * decimals. False, with the description emptied, for another type or a width out of range. */
+VX_API bool vx_dbf_field_init(Tvx_dbf_field* field, const char* name, int type, int width, int decimals);
+/* Creates the table (dBASE III, replacing a file of the same name) with these columns and that many
+ * empty records already present. reserved must be 0. Null when the file cannot be created, or when a
+ * column description is not filled. The handle is an untyped pointer, released by vx_dbf_close. */
+VX_API void* vx_dbf_create_w(const wchar_t* path, int column_count, int record_count,
+                             const Tvx_dbf_field* fields, int reserved);
+/* The number of records. */
+VX_API int32_t vx_dbf_get_nr(void* table);
+/* Appends count empty records. */
+VX_API bool vx_dbf_add_records(void* table, int count);
+/* Stores a number, negative values included. Column and record count from 0; false, with nothing
+ * written, for a column or record that the table does not have. */
+VX_API bool vx_dbf_set_int(void* table, int column, int record, int32_t value);
+/* Stores the bytes of the text unchanged (the caller's code page, Windows-1251 for this library's own
+ * texts), cut to the column's width. */
+VX_API bool vx_dbf_set_str(void* table, int column, int record, const char* text);
+/* Finishes the file and releases the handle (null is allowed). */
+VX_API void vx_dbf_close(void* table);
+
+/* ===================================================================================================
  * Projection files and the batch reprojector
  * =================================================================================================== */
 
@@ -309,7 +437,6 @@ VX_API bool vx_pj4_export_esri(const wchar_t* proj, Ivx_string_adp* sink);
 
 /* The batch reprojector: one transformation applied to every vertex of a point vector (a
  * vx_pv_d2 handle) in one go. Create, init, apply, destroy. */
-typedef struct Tvx_pp2d Tvx_pp2d;
 typedef struct Tvx_rpj_fb_d2 Tvx_rpj_fb_d2;
 
 /* Null when memory runs out. */
@@ -324,20 +451,67 @@ VX_API bool vx_rpj_fb_d2_apply_pv(Tvx_rpj_fb_d2* reprojector, Tvx_pp2d* vector, 
 VX_API void vx_rpj_fb_d2_destroy(Tvx_rpj_fb_d2* reprojector);
 
 /* ===================================================================================================
+ * Projection strings: the GDAL form, descriptions, equivalence and the catalogue of projections
+ * =================================================================================================== */
+
+/* @section proj-strings */
+
+/* Feeds the projection text in the form that GDAL takes (one row, UTF-8 text as wide text). The text is
+ * read as the library reads every PROJ string: its known parameters are kept (in the library's order and
+ * to 12 significant digits), everything else is dropped. A Lambert conformal conic ("+proj=lcc") gets
+ * "+lat_2" and "+lat_0" equal to "+lat_1" where they are missing, and the text ends in "+no_defs"
+ * without the "+lon_wrap=45" that the library gives PROJ for its own reprojections. So
+ * "+proj=lcc +lat_1=45 +lon_0=10 +ellps=GRS80" becomes
+ * "+proj=lcc +lon_0=10 +lat_0=45 +lat_1=45 +lat_2=45 +ellps=GRS80 +no_defs". Note that a two-parallel
+ * conic without "+lat_0" gets its origin on "+lat_1" too, where PROJ would put it on the equator.
+ * A text with no known parameter feeds nothing and gives false. */
+VX_API bool vx_pj4_export_gdal(const wchar_t* proj, Ivx_string_adp* sink);
+
+/* Feeds a description of the projection text for people, one row per line "label = value", in the
+ * order: projection, zone, central meridian, centre of projection, latitude of origin, false easting
+ * and northing, standard parallels, scale factor, azimuth, datum, datum parameters, spheroid, semi-axes
+ * and inverse flattening; a parameter the text lacks has no line, and "+south", "+units" and
+ * "+nadgrids" have none. A text without any of them gives the one line "Projection = Unknown".
+ * language: as for vx_res_set_lng, 0 Russian and any other value English; pass vx_res_get_lng() for
+ * the host's language. The language of the library's other messages is not changed. Example, English,
+ * for "+proj=tmerc +lon_0=39 +ellps=krass": "Projection = tmerc", "Central Meridian = 39",
+ * "Spheroid = krass". */
+VX_API void vx_pj4_describe_w(const wchar_t* proj, int language, Ivx_string_adp* sink);
+
+/* Whether two texts describe the same coordinate system, as PROJ judges it: 1 the same, 0 not, -1 PROJ
+ * cannot read the first text, -2 it can read the first but not the second. The texts go to PROJ as they
+ * stand and may be anything PROJ reads: PROJ strings, "EPSG:4326", WKT, PROJJSON, "+init=epsg:4326".
+ * Geographic systems that differ only in the order of their axes are the same; names do not count.
+ * Note that PROJ reads a PROJ string without "+type=crs" as an operation, not a system, and two
+ * operations are the same only when their texts are: "+proj=utm +zone=37 +datum=WGS84" and
+ * "+zone=37 +proj=utm +datum=WGS84" give 0, and give 1 with "+type=crs" added to both. 0 also when
+ * memory runs out. */
+VX_API int vx_pj4_equivalent_w(const wchar_t* a, const wchar_t* b);
+
+/* Feeds the library's catalogue of projections, one row per entry, fields separated by tabs:
+ *   index (from 1), caption, further caption (may be empty), the entry's PROJ string with its defaults
+ *   (ending in "+no_defs"), then one field per parameter that a user sets or sees, "name=default",
+ *   followed by " [min,max]" for a number with limits.
+ * For example "126\tUTM\tzone 37, northern hemisphere\t+proj=utm +zone=37 +datum=WGS84 +units=m
+ * +no_defs\tzone=37\tdatum=WGS84" (one line). The catalogue holds geographic coordinates, the usual
+ * cylindrical, conic and azimuthal projections, 60 Gauss-Kruger zones ("+proj=tmerc", no earth given:
+ * add "+ellps=krass" and the datum shift) and 120 UTM zones on WGS 84.
+ * With proj null or empty, every entry; otherwise only the entry that the projection of that PROJ
+ * string fits, and false when none does: a transverse Mercator with the central meridian, false easting,
+ * scale and origin of a Gauss-Kruger zone finds that zone; a text with "+zone" finds the entry of that
+ * "+proj", zone and hemisphere, or nothing; anything else finds the first entry of that "+proj" that
+ * has every latitude and scale parameter the text gives and whose pole or hemisphere, if it has one,
+ * is the text's. */
+VX_API bool vx_pj4_fetch_catalogue(const wchar_t* proj, Ivx_string_adp* sink);
+
+/* ===================================================================================================
  * Text lists, TLD files and their reprojection
  * =================================================================================================== */
 
 /* @section text-lists */
 
-/* A point of a label or of a callout: x then y, in the units of the list's coordinate system (degrees,
- * longitude first, in a geographic one). */
-#ifndef VX_VTX_D2_DEFINED
-#define VX_VTX_D2_DEFINED
-typedef struct Tvx_vtx_d2 {
-  double x;
-  double y;
-} Tvx_vtx_d2;
-#endif
+/* A label's points and callout end points are vertices (Tvx_vtx_d2, above), in the units of the list's
+ * coordinate system (degrees, longitude first, in a geographic one). */
 
 /* A text list is an ordered list of labels ("text data"). Each label has a type, a number of points at
  * which it stands, a size, a delta x and a delta y (one per point for type 2, a single one at index 0
@@ -479,6 +653,71 @@ VX_API bool vx_proj4_xsp(const char* src_file, const char* src_proj, const char*
  * =================================================================================================== */
 
 /* @section generation */
+
+/* The shape files that draw one standard sheet at 1:1,000,000 or 1:200,000, or one free box of
+ * coordinates: first in the scene projection under "HYPS/" and "FRAME/" of the output directory, then
+ * again in the sheet's geographic system (Pulkovo 1942, the style library's std_list/proj0.pj4) under
+ * "latlong/HYPS/" and "latlong/FRAME/". Beside each shape file stand its table (.dbf, texts in
+ * Windows-1251), a .prj in ESRI WKT and a .pj4 with the PROJ string. This build writes the sheet's area,
+ * "HYPS/Hypsa.shp": one polygon round the sheet on its lattice of pivot points, with the columns ID (1),
+ * L_CODE (-1) and NAME (the designation, or "Base list" for a free box). The latlong .prj always
+ * describes Pulkovo 1942.
+ *
+ * The four folders must exist: the library creates none. The output directory is joined to the folder
+ * names as it stands, so it must end in a separator ("/" or "\"; a "\" in a path is a folder separator).
+ * Existing files of the same names are replaced. Generation runs on the caller's thread; two sheets must
+ * not be generated at the same time. */
+
+/* Parameters of a standard sheet. They refer to the caller's record, which must outlive them, and
+ * read it at each generate call. */
+typedef struct Tvx_stdlist_params Tvx_stdlist_params;
+
+/* New parameters bound to the record, with every division 0 and empty texts; null when memory runs out.
+ * A null record is taken, and the generate call then refuses. */
+VX_API Tvx_stdlist_params* vx_stdlist_params_create(const Tvx_stdlist_string* sheet);
+VX_API void vx_stdlist_params_destroy(Tvx_stdlist_params* params);
+/* The folder under which the four output folders stand; it must end in a separator. */
+VX_API void vx_stdlist_params_set_output_dir(Tvx_stdlist_params* params, const wchar_t* dir);
+/* Divisions of the sheet's height: the main parallels cut it into `main` equal parts (main - 1 inner
+ * lines), and the marks cut each part again into `additional`. Both must be 1 or more. */
+VX_API void vx_stdlist_params_set_lat_divs(Tvx_stdlist_params* params, int main, int additional);
+/* The same for the sheet's width and its meridians. */
+VX_API void vx_stdlist_params_set_lon_divs(Tvx_stdlist_params* params, int main, int additional);
+/* The PROJ string of the scene: the coordinate system of the drawing (metres, or degrees when it is
+ * geographic). */
+VX_API void vx_stdlist_params_set_scene_proj(Tvx_stdlist_params* params, const wchar_t* proj);
+/* Generates the sheet. Refused, with nothing written, false and a message in the host environment
+ * (English, or Russian when vx_res_get_lng gives 0): a null record, a scale other than 1:1,000,000 and
+ * 1:200,000, a division below 1, or more than 100,000 lines or marks along one axis. Otherwise true when
+ * every step succeeded; false when a file could not be created (a missing folder among the causes), when
+ * the scene projection or the style library's geographic system is missing, or when memory ran out (the
+ * reason is reported); the files written before the failure stay. The designation is not validated: a
+ * record with levels out of range is drawn where its numbers put it. */
+VX_API bool vx_stdlist_generate_shapes(Tvx_stdlist_params* params);
+
+/* Parameters of a free box: longitudes xmin to xmax and latitudes ymin to ymax in degrees of the sheet's
+ * geographic system, with main lines at multiples of the grid steps. */
+typedef struct Tvx_stdlist_custom_params Tvx_stdlist_custom_params;
+
+/* New parameters with the box not set and steps 0; null when memory runs out. */
+VX_API Tvx_stdlist_custom_params* vx_stdlist_custom_params_create(void);
+VX_API void vx_stdlist_custom_params_destroy(Tvx_stdlist_custom_params* params);
+/* The box in the order x minimum, x maximum, y minimum, y maximum. */
+VX_API void vx_stdlist_custom_params_set_box(Tvx_stdlist_custom_params* params, double xmin, double xmax,
+                                             double ymin, double ymax);
+VX_API void vx_stdlist_custom_params_set_output_dir(Tvx_stdlist_custom_params* params, const wchar_t* dir);
+/* Distances in degrees between the main meridians and between the main parallels. The marks stand at
+ * whole steps from the box's edge: a fractional step loses its fraction for them, and a step below 1
+ * gives no marks. */
+VX_API void vx_stdlist_custom_params_set_grid_steps(Tvx_stdlist_custom_params* params, double x_step,
+                                                    double y_step);
+VX_API void vx_stdlist_custom_params_set_scene_proj(Tvx_stdlist_custom_params* params, const wchar_t* proj);
+/* Generates the box, drawn as a northern 1:1,000,000 sheet and named "Base list". Refused, with nothing
+ * written, false and a message in the host environment: steps that are not finite and positive, a box
+ * not set, not finite or empty (each minimum must be below its maximum), or more than 100,000 lines or
+ * marks along one axis. Every run that is not refused answers true, also one that failed: a failed run
+ * shows only in its files. */
+VX_API bool vx_stdlist_custom_generate_shapes(Tvx_stdlist_custom_params* params);
 
 #ifdef __cplusplus
 } /* extern "C" */

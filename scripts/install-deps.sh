@@ -1,12 +1,18 @@
 #!/usr/bin/env bash
 # Installs everything the project needs to build, test and benchmark on Debian 12 (run as root).
+# Test and benchmark only: GDAL with its Python bindings and numpy (independent readers and checks),
+# r-cran-spdata (real-world polygon shape files for the inside point check), libgeos-dev (GEOS beside
+# our geometry in the benchmarks).
 set -euo pipefail
 
 packages=(
   build-essential cmake ninja-build pkg-config python3 binutils
   libproj-dev proj-data proj-bin
   libgtest-dev libgmock-dev libbenchmark-dev
-  gdal-bin python3-gdal
+  libgeos-dev  # benchmarks only: the planar algorithms are timed beside GEOS
+  gdal-bin python3-gdal python3-numpy
+  python3-venv python3-pytest python3-setuptools python3-wheel
+  r-cran-spdata  # real-world polygon shape files for the geometry checks
   clang-14 libclang-rt-14-dev
 )
 

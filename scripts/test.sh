@@ -2,7 +2,9 @@
 # Installs the dependencies, then builds and runs the whole test suite twice: a normal build, and a
 # build with AddressSanitizer and UndefinedBehaviorSanitizer. Each build is configured with the tests
 # switched on, whatever an earlier configuration of the same folder chose (scripts/run.sh builds
-# without them), and a run in which no test was found fails.
+# without them), and a run in which no test was found fails. In each, the suite also makes a virtual
+# environment (build*/python-venv), installs the library and the Python package into it, and runs the
+# package's pytest suite there (python/tests.cmake).
 set -euo pipefail
 cd "$(dirname "$0")/.."
 bash scripts/install-deps.sh

@@ -55,6 +55,10 @@ void Tvx_file_shp_exe::close() {
   flush_and_close();
 }
 
+bool Tvx_file_shp_exe::is_open() const {
+  return f_shp->is_open() && f_shx->is_open();
+}
+
 // The state of a file without records: what a file that failed to open is left in.
 void Tvx_file_shp_exe::reset_state() {
   f_count = 0;

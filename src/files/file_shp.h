@@ -52,6 +52,8 @@ class Tvx_file_shp_exe {
   Tvx_rect2d get_rect2d() const { return f_rect; }
   unsigned get_no() const { return f_count; }
   int get_type() const { return convert_m_type(f_type); }
+  // Both the main file and its index are open.
+  bool is_open() const;
 
   // What a caller must know to tell a good run from a lossy one. is_valid: the last open found two
   // files with shape file headers (else the file reads as zero records, and the reason was reported),
@@ -163,6 +165,7 @@ class Tvx_file_shp {
   Tvx_rect2d get_rect2d() const { return f_exe->get_rect2d(); }
   unsigned get_no() const { return f_exe->get_no(); }
   int get_type() const { return f_exe->get_type(); }
+  bool is_open() const { return f_exe->is_open(); }
   int get_obj_type(unsigned i) { return f_exe->get_obj_type(i); }
   bool is_valid() const { return f_exe->is_valid(); }
   bool is_record_damaged() const { return f_exe->is_record_damaged(); }

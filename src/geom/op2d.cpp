@@ -4,7 +4,10 @@
 #include <utility>
 
 #include "geom/ap2d.h"
+#include "geom/centroid2d.h"
+#include "geom/dist2d.h"
 #include "geom/owned_list.h"
+#include "geom/pgn_divide.h"
 
 void Tvx_op2d::delete_obj(Tvx_op2d** p) {
   vx::geom::delete_and_null(p);
@@ -121,4 +124,44 @@ double Tvx_op2d::get_x_mean() {
 double Tvx_op2d::get_y_mean() {
   const Tvx_rect2d_ext r = get_rect_ext();
   return r.count ? r.sum_y / r.count : std::numeric_limits<double>::quiet_NaN();
+}
+
+bool Tvx_op2d::orient() {
+  Tvx_ap2d divided;
+  if (Tvx_op2d_pgn_divide::execute(this, &divided) != 0) return false;
+  parts.clear();
+  add_copy(&divided);
+  return true;
+}
+
+namespace {
+
+Tvx_point2d rect_middle(const Tvx_rect2d& r) {
+  return vx_point2d_middle(vx_point2d(r.xmin, r.ymin), vx_point2d(r.xmax, r.ymax));
+}
+
+}  // namespace
+
+bool Tvx_op2d::calc_pnt_refpnt(Tvx_point2d* p) {
+  const Tvx_rect2d r = get_rect();
+  if (!r.defined) return false;
+  Tvx_dist2d nearest;
+  *p = nearest.calc_vertex(this, rect_middle(r)) ? nearest.get_point() : rect_middle(r);
+  return true;
+}
+
+bool Tvx_op2d::calc_pln_refpnt(Tvx_point2d* p) {
+  const Tvx_rect2d r = get_rect();
+  if (!r.defined) return false;
+  Tvx_dist2d nearest;
+  *p = nearest.calc(this, rect_middle(r)) ? nearest.get_point() : rect_middle(r);
+  return true;
+}
+
+bool Tvx_op2d::calc_pgn_refpnt(Tvx_point2d* p) {
+  if (Tvx_multipart_centroid2d::execute(this, p)) return true;
+  const Tvx_rect2d r = get_rect();
+  if (!r.defined) return false;
+  *p = rect_middle(r);
+  return true;
 }

@@ -55,6 +55,23 @@ class Tvx_op2d {
   double get_x_mean();
   double get_y_mean();
 
+  // Turns the object into its outer rings, each followed by its holes, the outer rings clockwise and
+  // the holes counter-clockwise, through the polygon division (geom/pgn_divide.h); the rings that the
+  // division drops (open, short, of no area, with NaN) are gone. False, with the object as it was,
+  // when the division fails.
+  bool orient();
+
+  // Reference points, one for each kind of object, for a label or a symbol. Each is false, with *p
+  // untouched, when the object's rectangle is undefined (no vertices).
+  // A point object: the vertex nearest to the middle of the rectangle, the first in a tie.
+  bool calc_pnt_refpnt(Tvx_point2d* p);
+  // A line object: the point of the lines nearest to the middle of the rectangle (geom/dist2d.h).
+  bool calc_pln_refpnt(Tvx_point2d* p);
+  // A polygon object: an inside point of its largest polygon (geom/centroid2d.h); where there is none
+  // (no height, a sliver between the scan lines, no ring that the division keeps), the middle of the
+  // rectangle, which may lie outside.
+  bool calc_pgn_refpnt(Tvx_point2d* p);
+
  private:
   std::vector<std::unique_ptr<Tvx_pp2d>> parts;
   unsigned int vector_type = NO_VECTOR_TYPE;

@@ -2,9 +2,12 @@
 
 #include <algorithm>
 #include <cmath>
+#include <memory>
 
+#include "algo/chord_simplify2d.h"
 #include "geom/owned_list.h"
 #include "geom/point_walk.h"
+#include "geom/ring_ray.h"
 
 namespace {
 
@@ -241,40 +244,14 @@ bool Tvx_pp2d::split_at_length(double l, Tvx_pp2d* a, Tvx_pp2d* b) const {
   return true;
 }
 
-namespace {
-
-// One edge's contribution to the even-odd count along the ray from (x, y) towards negative x.
-enum class edge_hit { none, count, boundary };
-
-edge_hit ray_hit(const Tvx_point2d& p, const Tvx_point2d& q, double x, double y) {
-  const Tvx_point2d& lo = p.y <= q.y ? p : q;
-  const Tvx_point2d& up = p.y <= q.y ? q : p;
-  if (up.y < y || lo.y > y) return edge_hit::none;
-  if (lo.y < y && y < up.y) {
-    const double xc = lo.x + (y - lo.y) * (up.x - lo.x) / (up.y - lo.y);
-    if (x == xc) return edge_hit::boundary;
-    return x > xc ? edge_hit::count : edge_hit::none;
-  }
-  if (lo.y == up.y) {  // horizontal at y
-    const bool between = x >= std::min(lo.x, up.x) && x <= std::max(lo.x, up.x);
-    return between ? edge_hit::boundary : edge_hit::none;
-  }
-  if (lo.y == y) {
-    if (x == lo.x) return edge_hit::boundary;
-    return x > lo.x ? edge_hit::count : edge_hit::none;
-  }
-  return edge_hit::none;  // the upper end at y counts nothing, so a vertex on the ray counts once
-}
-
-}  // namespace
-
 bool Tvx_pp2d::include(double x, double y) const {
+  using vx::geom::edge_hit;
   if (!is_closed()) return false;
   bool inside = false;
   for (std::size_t i = 1; i < points.size(); ++i) {
-    const edge_hit hit = ray_hit(points[i - 1], points[i], x, y);
-    if (hit == edge_hit::boundary) return true;
-    if (hit == edge_hit::count) inside = !inside;
+    const vx::geom::edge_hit hit = vx::geom::ray_hit(points[i - 1], points[i], x, y);
+    if (hit == vx::geom::edge_hit::boundary) return true;
+    if (hit == vx::geom::edge_hit::count) inside = !inside;
   }
   return inside;
 }
@@ -307,4 +284,17 @@ Tvx_pp2d* Tvx_pp2d::densify(double step) const {
 
 Tvx_pp2d* Tvx_pp2d::make_middle_sides(bool keep_first, bool keep_last) const {
   return new Tvx_pp2d(vx::geom::middle_sides(points, keep_first, keep_last, vx_point2d_middle));
+}
+
+Tvx_pp2d* Tvx_pp2d::simple_simplify(double d) const {
+  std::unique_ptr<Tvx_pp2d> r(make_equal_dist(d));
+  for (int i = 0; i < 5; ++i) r.reset(r->make_middle_sides(true, true));
+  Tvx_chord_simplify2d::execute(r.get(), d);
+  return r.release();
+}
+
+Tvx_pp2d* Tvx_pp2d::chord_simplify(double d) const {
+  Tvx_pp2d* r = new Tvx_pp2d(points);
+  Tvx_chord_simplify2d::execute(r, d);
+  return r;
 }

@@ -62,6 +62,11 @@ class Tvx_pp2d {
   Tvx_pp2d* make_equal_dist(double step) const;
   Tvx_pp2d* densify(double step) const;
   Tvx_pp2d* make_middle_sides(bool keep_first, bool keep_last) const;
+  // Resampled every d (make_equal_dist), smoothed by five rounds of make_middle_sides(true, true),
+  // then thinned by chords with the tolerance d.
+  Tvx_pp2d* simple_simplify(double d) const;
+  // A copy thinned by chords with the tolerance d (Tvx_chord_simplify2d).
+  Tvx_pp2d* chord_simplify(double d) const;
 
  private:
   // A vector built from computed vertices; its state is computed when first asked for.

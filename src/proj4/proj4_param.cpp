@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "proj4/pj_defs.h"
 #include "support/str_func.h"
 
 namespace {
@@ -11,6 +12,14 @@ constexpr double kEqualTolerance = 1e-6;
 
 bool near(double a, double b) {
   return std::fabs(a - b) < kEqualTolerance;
+}
+
+// A catalogue definition decides whether the parameter is written; only one that is written brings its
+// default, otherwise the value stays.
+template <class Def, class Value>
+void take_definition(const Def* def, bool& defined, Value& value) {
+  defined = def->get_use_proj4();
+  if (defined) value = def->get_default();
 }
 
 }  // namespace
@@ -52,6 +61,10 @@ void Tvx_proj4_param_str::set_param(const Tvx_proj4_param_str* other) {
   f_value = other->f_value;
 }
 
+void Tvx_proj4_param_str::set_param(const Tvx_pj_str_param* def) {
+  take_definition(def, f_def, f_value);
+}
+
 bool Tvx_proj4_param_str::equal(const Tvx_proj4_param_str* other) const {
   bool result;
   if (defs_decide(other, &result)) return result;
@@ -73,6 +86,10 @@ void Tvx_proj4_param_str::val_from_str(const char* text) {
 void Tvx_proj4_param_dbl::set_param(const Tvx_proj4_param_dbl* other) {
   f_def = other->f_def;
   f_value = other->f_value;
+}
+
+void Tvx_proj4_param_dbl::set_param(const Tvx_pj_dbl_param* def) {
+  take_definition(def, f_def, f_value);
 }
 
 bool Tvx_proj4_param_dbl::equal(const Tvx_proj4_param_dbl* other) const {
@@ -97,6 +114,10 @@ void Tvx_proj4_param_int::set_param(const Tvx_proj4_param_int* other) {
   f_value = other->f_value;
 }
 
+void Tvx_proj4_param_int::set_param(const Tvx_pj_int_param* def) {
+  take_definition(def, f_def, f_value);
+}
+
 bool Tvx_proj4_param_int::equal(const Tvx_proj4_param_int* other) const {
   bool result;
   if (defs_decide(other, &result)) return result;
@@ -117,6 +138,10 @@ void Tvx_proj4_param_int::val_from_str(const char* text) {
 void Tvx_proj4_param_bool::set_param(const Tvx_proj4_param_bool* other) {
   f_def = other->f_def;
   f_value = other->f_value;
+}
+
+void Tvx_proj4_param_bool::set_param(const Tvx_pj_bool_param* def) {
+  take_definition(def, f_def, f_value);
 }
 
 bool Tvx_proj4_param_bool::equal(const Tvx_proj4_param_bool* other) const {
@@ -148,14 +173,18 @@ bool Tvx_proj4_param_towgs84::equal(const Tvx_proj4_param_towgs84* other) const 
 }
 
 // All seven values are written, also when fewer were read.
-const char* Tvx_proj4_param_towgs84::get_out_str() {
-  if (!begin_out()) return f_out.c_str();
+std::string Tvx_proj4_param_towgs84::values_text() const {
   std::string values;
   for (unsigned i = 0; i < COUNT; ++i) {
     if (i) values += ",";
     values += Tvx_proj4_traits::dbl2str(f_value[i]);
   }
-  return finish_out(values);
+  return values;
+}
+
+const char* Tvx_proj4_param_towgs84::get_out_str() {
+  if (!begin_out()) return f_out.c_str();
+  return finish_out(values_text());
 }
 
 // Each place takes the number standing there; a missing or unreadable place is 0.

@@ -8,6 +8,11 @@
 #include <string>
 #include <vector>
 
+class Tvx_pj_str_param;
+class Tvx_pj_dbl_param;
+class Tvx_pj_int_param;
+class Tvx_pj_bool_param;
+
 // Number formatting shared by the PROJ string classes.
 class Tvx_proj4_traits {
  public:
@@ -56,6 +61,8 @@ class Tvx_proj4_param_str final : public Tvx_proj4_param {
   const char* get_str() const { return f_value.c_str(); }
   void set_str(const char* text) { f_value = text ? text : ""; }
   void set_param(const Tvx_proj4_param_str* other);
+  // From a catalogue definition: defined when it goes into the string, and then with its default.
+  void set_param(const Tvx_pj_str_param* def);
   bool equal(const Tvx_proj4_param_str* other) const;
   const char* get_out_str() override;
   void val_from_str(const char* text) override;
@@ -69,6 +76,8 @@ class Tvx_proj4_param_dbl final : public Tvx_proj4_param {
   double get_dbl() const { return f_value; }
   void set_dbl(double value) { f_value = value; }
   void set_param(const Tvx_proj4_param_dbl* other);
+  // From a catalogue definition: defined when it goes into the string, and then with its default.
+  void set_param(const Tvx_pj_dbl_param* def);
   bool equal(const Tvx_proj4_param_dbl* other) const;
   const char* get_out_str() override;
   void val_from_str(const char* text) override;
@@ -82,6 +91,8 @@ class Tvx_proj4_param_int final : public Tvx_proj4_param {
   int get_int() const { return f_value; }
   void set_int(int value) { f_value = value; }
   void set_param(const Tvx_proj4_param_int* other);
+  // From a catalogue definition: defined when it goes into the string, and then with its default.
+  void set_param(const Tvx_pj_int_param* def);
   bool equal(const Tvx_proj4_param_int* other) const;
   const char* get_out_str() override;
   void val_from_str(const char* text) override;
@@ -95,6 +106,8 @@ class Tvx_proj4_param_bool final : public Tvx_proj4_param {
   bool get_bool() const { return f_value; }
   void set_bool(bool value) { f_value = value; }
   void set_param(const Tvx_proj4_param_bool* other);
+  // From a catalogue definition: defined when it goes into the string, and then with its default.
+  void set_param(const Tvx_pj_bool_param* def);
   bool equal(const Tvx_proj4_param_bool* other) const;
   const char* get_out_str() override;
   void val_from_str(const char* text) override;
@@ -111,6 +124,8 @@ class Tvx_proj4_param_towgs84 final : public Tvx_proj4_param {
   double get_dbl(unsigned i) const { return f_value[i]; }
   void set_dbl(unsigned i, double value) { f_value[i] = value; }
   bool equal(const Tvx_proj4_param_towgs84* other) const;
+  // The seven values by "%.12lg" with "," between them.
+  std::string values_text() const;
   const char* get_out_str() override;
   void val_from_str(const char* text) override;
 

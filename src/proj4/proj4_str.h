@@ -40,6 +40,11 @@ class Tvx_proj4_str {
   // Turns the text into the geographic system on the same datum and ellipsoid.
   void set_is_long_lat();
 
+  // A description for people: one line "label = value" per defined parameter, labels in the language of
+  // the message table, each line ended by "\r\n"; "Projection = Unknown" when nothing is defined. Run
+  // decompose first. The text lives in this object until the next call. (proj4_text.cpp)
+  const char* get_text();
+
   bool get_is_lon_wrap() const { return f_is_lon_wrap; }
   void set_is_lon_wrap(bool value) { f_is_lon_wrap = value; }
 
@@ -72,6 +77,9 @@ class Tvx_proj4_str {
   // skipped or is undefined.
   bool append_param(Tvx_proj4_param* p, bool sphere, bool for_proj4);
 
+  void append_line(int label, const std::string& value);
+
+  std::string f_out_text;
   std::string f_text;
   std::unique_ptr<Tvx_proj4_param_str> f_proj;
   std::unique_ptr<Tvx_proj4_param_str> f_datum;

@@ -50,32 +50,38 @@ bool Tvx_env_main::stopped() {
   return f_env ? f_env->stopped() : false;
 }
 
-namespace {
-
-std::string format_rc_list(int block, int index, va_list args) {
-  const std::string format = Tvx_rc::get_str(block, index);
-  char text[2048];
-  std::vsnprintf(text, sizeof text, format.c_str(), args);
-  return text;
-}
-
-}  // namespace
-
 void Tvx_env_main::error_rc(int block, int index, ...) {
   if (!f_env) return;
   va_list args;
   va_start(args, index);
-  const std::string text = format_rc_list(block, index, args);
+  error_format(Tvx_rc::get_str(block, index), args);
   va_end(args);
-  f_env->error(text.c_str());
+}
+
+void Tvx_env_main::error_ext(int block, int index, ...) {
+  if (!f_env) return;
+  va_list args;
+  va_start(args, index);
+  error_format(Tvx_rc::get_ext_str(block, index), args);
+  va_end(args);
 }
 
 std::string Tvx_env_main::format_rc(int block, int index, ...) {
   va_list args;
   va_start(args, index);
-  std::string text = format_rc_list(block, index, args);
+  std::string text = format_text(Tvx_rc::get_str(block, index), args);
   va_end(args);
   return text;
+}
+
+std::string Tvx_env_main::format_text(const std::string& format, va_list args) {
+  char text[2048];
+  std::vsnprintf(text, sizeof text, format.c_str(), args);
+  return text;
+}
+
+void Tvx_env_main::error_format(const std::string& format, va_list args) {
+  f_env->error(format_text(format, args).c_str());
 }
 
 void Tvx_env_main::debug_beg_time(const char* label) {

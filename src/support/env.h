@@ -5,6 +5,7 @@
 // Narrow texts here are in the system's narrow code page (Windows-1251).
 #pragma once
 
+#include <cstdarg>
 #include <cstdint>
 #include <map>
 #include <string>
@@ -46,7 +47,9 @@ class Tvx_env_main {
   // format, filled with the arguments. Block 10 holds the file errors: 1 open ("%s"), 2 read ("%s"),
   // 3 write ("%s"), and 0 the memory error ("%d"). Nothing is formatted when no environment is installed.
   static void error_rc(int block, int index, ...);
-  // The same text, formatted and given back instead of reported.
+  // The same with a text of this build's own blocks (Tvx_rc::get_ext_str).
+  static void error_ext(int block, int index, ...);
+  // The text error_rc would report, formatted and given back instead.
   static std::string format_rc(int block, int index, ...);
 
   // Starts a timer under the label (an earlier start stays), and reports through debug_message the
@@ -55,6 +58,9 @@ class Tvx_env_main {
   static void debug_end_time(const char* label);
 
  private:
+  static void error_format(const std::string& format, va_list args);
+  static std::string format_text(const std::string& format, va_list args);
+
   static Tvx_env* f_env;
   static std::map<std::string, long long> f_time_map;
 };

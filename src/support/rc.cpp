@@ -1,6 +1,5 @@
 #include "support/rc.h"
 
-#include <array>
 #include <vector>
 
 #include "support/ansi_code_page.h"
@@ -76,36 +75,83 @@ block_rows empty_block(int size) {
   return {size, std::vector<const char*>(size, nullptr), std::vector<const char*>(size, nullptr)};
 }
 
-constexpr int kBlockCount = 12;
+// The texts of this build that the numbered blocks do not carry. Block 0: why generation parameters
+// were refused before any sheet was drawn, and why a run stopped.
+block_rows generate_block() {
+  return {
+      9,
+      {"Sheet generation refused: no sheet designation was given",
+       "Sheet generation refused: the sheet's scale is %s; only 1:1000000 and 1:200000 sheets are drawn",
+       "Sheet generation refused: each division must be 1 or more (longitude %d and %d, latitude %d and %d)",
+       "Sheet generation refused: the divisions give more than %d lines or marks along one axis "
+       "(longitude %d and %d, latitude %d and %d)",
+       "Box generation refused: the grid steps must be finite and positive (%g, %g)",
+       "Box generation refused: the box is not set",
+       "Box generation refused: the box must be finite, each minimum below its maximum "
+       "(x %g to %g, y %g to %g)",
+       "Box generation refused: the steps give more than %d lines or marks along one axis (steps %g, %g)",
+       "Sheet generation stopped: %s"},
+      {"Генерация листа отклонена: не задано обозначение листа",
+       "Генерация листа отклонена: масштаб листа %s; рисуются только листы масштабов 1:1000000 и 1:200000",
+       "Генерация листа отклонена: каждое деление должно быть не меньше 1 (по долготе %d и %d, по широте %d "
+       "и %d)",
+       "Генерация листа отклонена: деления дают больше %d линий или отметок по одной оси (по долготе %d и "
+       "%d, "
+       "по широте %d и %d)",
+       "Генерация по координатам отклонена: шаги сетки должны быть конечными и положительными (%g, %g)",
+       "Генерация по координатам отклонена: не заданы границы",
+       "Генерация по координатам отклонена: границы должны быть конечными, минимум меньше максимума "
+       "(x от %g до %g, y от %g до %g)",
+       "Генерация по координатам отклонена: шаги дают больше %d линий или отметок по одной оси (шаги %g, %g)",
+       "Генерация листа прервана: %s"}};
+}
 
-// One language of every block, the Russian texts already in the narrow code page.
+// One language of every block of a table, the Russian texts already in the narrow code page.
 struct language_table {
-  std::array<int, kBlockCount> sizes{};
-  std::array<std::vector<std::string>, kBlockCount> eng;
-  std::array<std::vector<std::string>, kBlockCount> rus;
-  std::array<std::vector<bool>, kBlockCount> present;
+  std::vector<int> sizes;
+  std::vector<std::vector<std::string>> eng;
+  std::vector<std::vector<std::string>> rus;
+  std::vector<std::vector<bool>> present;
+
+  int size(int block) const {
+    return block >= 0 && block < static_cast<int>(sizes.size()) ? sizes[block] : 0;
+  }
 };
 
-language_table build_tables() {
-  const std::array<block_rows, kBlockCount> blocks = {common_block(),   empty_block(23),    empty_block(12),
-                                                      empty_block(14),  empty_block(4),     empty_block(7),
-                                                      forms_pj_block(), empty_block(6),     empty_block(6),
-                                                      empty_block(13),  err_common_block(), empty_block(1)};
+language_table build_table(const std::vector<block_rows>& blocks) {
   language_table t;
-  for (int b = 0; b < kBlockCount; ++b) {
-    t.sizes[b] = blocks[b].size;
-    for (int i = 0; i < blocks[b].size; ++i) {
-      const bool has = blocks[b].eng[i] != nullptr;
-      t.present[b].push_back(has);
-      t.eng[b].emplace_back(has ? blocks[b].eng[i] : "");
-      t.rus[b].push_back(has ? vx::strconv::wide_to_ansi(vx::strconv::utf8_to_wide(blocks[b].rus[i])) : "");
+  for (const block_rows& b : blocks) {
+    t.sizes.push_back(b.size);
+    t.eng.emplace_back();
+    t.rus.emplace_back();
+    t.present.emplace_back();
+    for (int i = 0; i < b.size; ++i) {
+      const bool has = b.eng[i] != nullptr;
+      t.present.back().push_back(has);
+      t.eng.back().emplace_back(has ? b.eng[i] : "");
+      t.rus.back().push_back(has ? vx::strconv::wide_to_ansi(vx::strconv::utf8_to_wide(b.rus[i])) : "");
     }
   }
   return t;
 }
 
 const language_table& tables() {
-  static const language_table t = build_tables();
+  static const language_table t =
+      build_table({common_block(), empty_block(23), empty_block(12), empty_block(14), empty_block(4),
+                   empty_block(7), forms_pj_block(), empty_block(6), empty_block(6), empty_block(13),
+                   err_common_block(), empty_block(1)});
+  return t;
+}
+
+// The row in the language (1 Russian, anything else English); null for a row out of range or one that
+// the table does not carry.
+const std::string* find_row(const language_table& t, int block, int index, int lang) {
+  if (index < 0 || index >= t.size(block) || !t.present[block][index]) return nullptr;
+  return lang == 1 ? &t.rus[block][index] : &t.eng[block][index];
+}
+
+const language_table& ext_tables() {
+  static const language_table t = build_table({generate_block()});
   return t;
 }
 
@@ -122,14 +168,24 @@ void Tvx_rc::get_auto_lang() {
 }
 
 int Tvx_rc::block_size(int block) {
-  return block >= 0 && block < kBlockCount ? tables().sizes[block] : 0;
+  return tables().size(block);
+}
+
+int Tvx_rc::ext_block_size(int block) {
+  return ext_tables().size(block);
 }
 
 const char* Tvx_rc::get_str(int block, int index) {
   get_auto_lang();
-  f_buffer = kUnknown;
-  if (index < 0 || index >= block_size(block)) return f_buffer.c_str();
-  const language_table& t = tables();
-  if (t.present[block][index]) f_buffer = f_lang == 1 ? t.rus[block][index] : t.eng[block][index];
+  return answer(find_row(tables(), block, index, f_lang));
+}
+
+const char* Tvx_rc::get_ext_str(int block, int index) {
+  get_auto_lang();
+  return answer(find_row(ext_tables(), block, index, f_lang));
+}
+
+const char* Tvx_rc::answer(const std::string* text) {
+  f_buffer = text ? *text : kUnknown;
   return f_buffer.c_str();
 }

@@ -1,51 +1,19 @@
-// Helpers of the tests that make files fail and watch what the library says: an environment that keeps
-// the reports, a file size limit for the length of a scope, and byte-for-byte snapshots of folders.
+// Helpers of the tests that make files fail: a file size limit for the length of a scope, and
+// byte-for-byte snapshots of folders. What the library says of the failures is kept by error_log.h.
 #pragma once
 
 #include <sys/resource.h>
 
 #include <csignal>
-#include <cstdint>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <map>
 #include <string>
-#include <vector>
 
-#include "support/env.h"
+#include "error_log.h"
 
 namespace vxk_test {
-
-// Installed for its lifetime; keeps the errors and messages the library reports.
-class env_capture : public Tvx_env {
- public:
-  env_capture() { Tvx_env_main::set_env(this); }
-  ~env_capture() override { Tvx_env_main::set_env(nullptr); }
-  env_capture(const env_capture&) = delete;
-  env_capture& operator=(const env_capture&) = delete;
-
-  void message(const char* text) override { messages.emplace_back(text); }
-  void error(const char* text) override { errors.emplace_back(text); }
-  void set_debug_flag(bool) override {}
-  void debug_message(const char*) override {}
-  void* wait_start(const char*) override { return nullptr; }
-  void wait_finish(void*, int) override {}
-  void* progress_start(const char*) override { return nullptr; }
-  void progress(void*, uint32_t, uint32_t) override {}
-  void progress_finish(void*, int) override {}
-  bool stopped() override { return false; }
-
-  // All errors in one text, for assertions on what was said.
-  std::string all_errors() const {
-    std::string all;
-    for (const auto& e : errors) all += e + "\n";
-    return all;
-  }
-
-  std::vector<std::string> errors;
-  std::vector<std::string> messages;
-};
 
 // A limit on the size of files this process writes, for the length of the scope: a write past it fails
 // with EFBIG (the signal it would raise is ignored meanwhile).

@@ -8,10 +8,19 @@
 #include <vector>
 
 #include "command.h"
+#include "designation.h"
 #include "utf8.h"
 #include "vxk_proj4_shp.h"
 
 namespace {
+
+using vxk::designation_of;
+using vxk::fail_if;
+using vxk::failure;
+using vxk::parse_designation;
+using vxk::rows_sink;
+using vxk::sheet_record;
+using vxk::u8;
 
 const char* const kUsage =
     "usage: vxk sheet [--south] [--type N] DESIGNATION\n"
@@ -49,137 +58,6 @@ const char* const kUsage =
     "  vxk sheet --neighbours --type 2 N-37-I\n"
     "  vxk sheet --lists\n";
 
-// A record owned for the length of the command.
-class sheet_record {
- public:
-  sheet_record() : p_(vx_stdlist_create()) {}
-  ~sheet_record() { vx_stdlist_destroy(p_); }
-  sheet_record(const sheet_record&) = delete;
-  sheet_record& operator=(const sheet_record&) = delete;
-  Tvx_stdlist_string* get() const { return p_; }
-
- private:
-  Tvx_stdlist_string* p_;
-};
-
-// Collects the rows that one library call feeds into a sink.
-class rows_sink {
- public:
-  rows_sink() : sink_(vx_string_adp_create(nullptr, &on_wide, this)) {}
-  ~rows_sink() { vx_string_adp_destroy(sink_); }
-  rows_sink(const rows_sink&) = delete;
-  rows_sink& operator=(const rows_sink&) = delete;
-  Ivx_string_adp* get() const { return sink_; }
-  const std::vector<std::wstring>& rows() const { return rows_; }
-
- private:
-  static void on_wide(const wchar_t* text, void* user) {
-    static_cast<rows_sink*>(user)->rows_.emplace_back(text ? text : L"");
-  }
-  Ivx_string_adp* sink_;
-  std::vector<std::wstring> rows_;
-};
-
-std::wstring designation_of(const Tvx_stdlist_string* sheet) {
-  rows_sink sink;
-  vx_stdlist_to_string(sheet, sink.get());
-  return sink.rows().empty() ? std::wstring() : sink.rows().front();
-}
-
-std::string u8(const std::wstring& text) {
-  return vxk::wide_to_utf8(text);
-}
-
-// What went wrong, for the message on stderr.
-struct failure {
-  std::string message;
-};
-
-std::vector<std::wstring> split(const std::wstring& text, wchar_t separator) {
-  std::vector<std::wstring> fields(1);
-  for (wchar_t c : text) {
-    if (c == separator) {
-      fields.emplace_back();
-    } else {
-      fields.back() += c;
-    }
-  }
-  return fields;
-}
-
-bool all_digits(const std::wstring& text) {
-  if (text.empty()) return false;
-  for (wchar_t c : text) {
-    if (c < L'0' || c > L'9') return false;
-  }
-  return true;
-}
-
-bool one_char(const std::wstring& text) {
-  return text.size() == 1;
-}
-
-void fail_if(bool bad, const std::string& message) {
-  if (bad) throw failure{message};
-}
-
-// The levels below 1:100,000: "Б", "в", "4". Returns the scale reached.
-Tvx_stdlist_scale parse_below_100(const std::vector<std::wstring>& f, Tvx_stdlist_string* sheet) {
-  Tvx_stdlist_scale scale = VX_STDLIST_SC_100;
-  if (f.size() > 3) {
-    fail_if(!one_char(f[3]) || vx_stdlist_set_50_letter(sheet, f[3][0]) == 0,
-            "'" + u8(f[3]) + "' is not a 1:50,000 letter (Cyrillic А, Б, В or Г)");
-    scale = VX_STDLIST_SC_50;
-  }
-  if (f.size() > 4) {
-    fail_if(!one_char(f[4]) || vx_stdlist_set_25_letter(sheet, f[4][0]) == 0,
-            "'" + u8(f[4]) + "' is not a 1:25,000 letter (Cyrillic а, б, в or г)");
-    scale = VX_STDLIST_SC_25;
-  }
-  if (f.size() > 5) {
-    fail_if(!one_char(f[5]) || vx_stdlist_set_10_number_str(sheet, f[5][0]) == 0,
-            "'" + u8(f[5]) + "' is not a 1:10,000 number (1 to 4)");
-    scale = VX_STDLIST_SC_10;
-  }
-  if (f.size() > 6) throw failure{"unexpected '" + u8(f[6]) + "' after the 1:10,000 number"};
-  return scale;
-}
-
-// The third field decides the scale: a Cyrillic capital (1:500,000), a Roman numeral (1:200,000) or
-// a number (1:100,000, which the finer levels continue).
-Tvx_stdlist_scale parse_below_million(const std::vector<std::wstring>& f, Tvx_stdlist_string* sheet) {
-  const std::wstring& level = f[2];
-  if (all_digits(level)) {
-    fail_if(!vx_stdlist_set_100_number(sheet, std::wcstoull(level.c_str(), nullptr, 10)),
-            "'" + u8(level) + "' is not a 1:100,000 number (1 to 144)");
-    return parse_below_100(f, sheet);
-  }
-  Tvx_stdlist_scale scale = VX_STDLIST_SC_200;
-  if (one_char(level) && vx_stdlist_set_500_letter(sheet, level[0])) {
-    scale = VX_STDLIST_SC_500;
-  } else {
-    fail_if(!vx_stdlist_set_200_roman(sheet, level.c_str()),
-            "'" + u8(level) +
-                "' is neither a 1:500,000 letter (Cyrillic А to Г), a Roman numeral I to XXXVI nor "
-                "a 1:100,000 number");
-  }
-  if (f.size() > 3) throw failure{"unexpected '" + u8(f[3]) + "' after '" + u8(level) + "'"};
-  return scale;
-}
-
-// Fills the record's levels from a designation such as "N-37-12-Б-в-4"; returns the scale.
-Tvx_stdlist_scale parse_designation(const std::wstring& text, Tvx_stdlist_string* sheet) {
-  const std::vector<std::wstring> f = split(text, L'-');
-  fail_if(f.size() < 2, "'" + u8(text) +
-                            "' is not a designation: expected at least a band and a column, "
-                            "as in N-37");
-  fail_if(!one_char(f[0]) || !vx_stdlist_set_mln_letter(sheet, f[0][0]),
-          "'" + u8(f[0]) + "' is not a band letter (A to V)");
-  fail_if(!all_digits(f[1]) || !vx_stdlist_set_mln_number_str(sheet, f[1].c_str()),
-          "'" + u8(f[1]) + "' is not a column number (1 to 60)");
-  return f.size() == 2 ? VX_STDLIST_SC_MLN : parse_below_million(f, sheet);
-}
-
 struct options {
   bool south = false;
   bool lists = false;
@@ -213,17 +91,6 @@ options parse_options(const std::vector<std::string>& args) {
     }
   }
   return o;
-}
-
-// Puts the parsed sheet at its scale, type and hemisphere, and refuses a type the scale does not have.
-void place_sheet(Tvx_stdlist_string* sheet, Tvx_stdlist_scale scale, const options& o) {
-  const Tvx_stdlist_hemisphere hemisphere = o.south ? VX_STDLIST_SOUTH : VX_STDLIST_NORTH;
-  vx_stdlist_init(sheet, scale, VX_STDLIST_TP_SGL, hemisphere);
-  vx_stdlist_init(sheet, scale, o.type, hemisphere);
-  fail_if(vx_stdlist_get_type(sheet) != o.type,
-          "type " + std::to_string(o.type) + " is not available at " + u8(vx_stdlist_scale_tostr(sheet)) +
-              " (1:200,000 joins 1 to 3 sheets, the other scales 1, 2 or 4)");
-  fail_if(!vx_stdlist_valid(sheet), "the sheet is not valid");
 }
 
 void print_sheet(const Tvx_stdlist_string* sheet) {
@@ -291,7 +158,7 @@ int run(const options& o) {
   fail_if(o.designations.size() != 1, "expected one designation (see 'vxk sheet --help')");
   sheet_record sheet;
   const Tvx_stdlist_scale scale = parse_designation(vxk::utf8_to_wide(o.designations[0]), sheet.get());
-  place_sheet(sheet.get(), scale, o);
+  vxk::place_sheet(sheet.get(), scale, o.type, o.south);
   if (o.neighbours) {
     print_neighbours(sheet.get());
   } else {

@@ -496,7 +496,7 @@ TEST_F(DbfMalformedTest, RecordCountOfTwoToTheThirtyFirst) {
   v[7] = 0x80;
   write_bytes(path, v);
   Tvx_file_dbf dbf;
-  vxk_test::env_capture env;
+  vxk_test::error_log env;
   ASSERT_EQ(dbf.open(path.c_str(), false), 0);
   EXPECT_EQ(dbf.get_nr(), 2u);
   ASSERT_EQ(env.errors.size(), 1u);
@@ -568,7 +568,7 @@ TEST_F(DbfMalformedTest, HeaderSizeHugeIsRefused) {
   v[11] = 0xFF;
   write_bytes(path, v);
   Tvx_file_dbf dbf;
-  vxk_test::env_capture env;
+  vxk_test::error_log env;
   EXPECT_EQ(dbf.open(path.c_str(), true), 1);
   EXPECT_EQ(dbf.get_np(), 0u);
   EXPECT_EQ(dbf.get_nr(), 0u);
@@ -582,7 +582,7 @@ TEST_F(DbfMalformedTest, TextFileIsRefused) {
   const std::string text = "name;x;y\nMoscow;37.6;55.75\nTver;35.9;56.86\nKlin;36.7;56.33\n";
   write_bytes(path, std::vector<uint8_t>(text.begin(), text.end()));
   Tvx_file_dbf dbf;
-  vxk_test::env_capture env;
+  vxk_test::error_log env;
   EXPECT_EQ(dbf.open(path.c_str(), true), 1);
   ASSERT_EQ(env.errors.size(), 1u);
   EXPECT_NE(env.errors[0].find("is not a dBASE table"), std::string::npos) << env.errors[0];
@@ -591,7 +591,7 @@ TEST_F(DbfMalformedTest, TextFileIsRefused) {
 TEST_F(DbfMalformedTest, EmptyFileIsNoEmptyTable) {
   write_bytes(path, {});
   Tvx_file_dbf dbf;
-  vxk_test::env_capture env;
+  vxk_test::error_log env;
   EXPECT_EQ(dbf.open(path.c_str(), true), 1);
   ASSERT_EQ(env.errors.size(), 1u);
   EXPECT_EQ(env.errors[0],
@@ -601,7 +601,7 @@ TEST_F(DbfMalformedTest, EmptyFileIsNoEmptyTable) {
 TEST_F(DbfMalformedTest, FolderIsNoEmptyTable) {
   std::filesystem::create_directories(path);
   Tvx_file_dbf dbf;
-  vxk_test::env_capture env;
+  vxk_test::error_log env;
   EXPECT_EQ(dbf.open(path.c_str(), true), 1);
   ASSERT_EQ(env.errors.size(), 1u);
   EXPECT_EQ(env.errors[0], "Can't open file: \"" + path + "\": Is a directory");

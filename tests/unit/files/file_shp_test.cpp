@@ -615,7 +615,7 @@ void read_everything(const std::filesystem::path& shp) {
 // Opens shp and expects it refused as no shape file: zero records, and one report, the one given.
 void expect_refused(const std::filesystem::path& shp, const std::string& report) {
   Tvx_file_shp r;
-  vxk_test::env_capture env;
+  vxk_test::error_log env;
   r.open(shp.string().c_str(), true);
   EXPECT_FALSE(r.is_valid());
   EXPECT_EQ(r.get_no(), 0u);
@@ -632,7 +632,7 @@ TEST_F(ShpTest, IndexHeaderClaimingTwoToTheThirtyFirstRecords) {
   x[25] = x[26] = x[27] = 0;
   write_bytes(shx, x);
   Tvx_file_shp r;
-  vxk_test::env_capture env;
+  vxk_test::error_log env;
   r.open(shp.string().c_str(), true);
   EXPECT_TRUE(r.is_valid());
   EXPECT_EQ(r.get_no(), 1u);
@@ -743,7 +743,7 @@ TEST_F(ShpTest, TextFilesNamedShpAndShxAreRefused) {
   write_bytes(shp, bytes(text.begin(), text.end()));
   write_bytes(shx, bytes(text.begin(), text.end()));
   Tvx_file_shp r;
-  vxk_test::env_capture env;
+  vxk_test::error_log env;
   r.open(shp.string().c_str(), true);
   EXPECT_FALSE(r.is_valid());
   EXPECT_EQ(r.get_no(), 0u);

@@ -4,8 +4,10 @@
 
 #include <cmath>
 #include <initializer_list>
+#include <limits>
 
 #include "geom/ap2d.h"
+#include "ring_shapes.h"
 
 namespace {
 
@@ -215,6 +217,125 @@ TEST(Op2d, DeleteObjDeletesAndNulls) {
   Tvx_op2d::delete_obj(&op);
   EXPECT_EQ(op, nullptr);
   Tvx_op2d::delete_obj(&op);
+}
+
+}  // namespace
+
+namespace {
+
+using vxk_test::box;
+using vxk_test::ring;
+
+void add_pts(Tvx_op2d* op, const ring& r) {
+  vxk_test::add_ring(op, r);
+}
+
+TEST(Op2dOrient, RingsBecomeOuterRingsEachFollowedByItsHoles) {
+  Tvx_op2d op;
+  add_pts(&op, box(1, 1, 2, 2));           // hole of the large ring, given clockwise
+  add_pts(&op, box(20, 0, 22, 2, false));  // small outer ring, counter-clockwise
+  add_pts(&op, {{5, 5}, {5, 6}, {6, 6}});  // open: dropped
+  add_pts(&op, box(0, 0, 10, 10, false));  // large outer ring, counter-clockwise
+  op.set_vector_type(7);
+  ASSERT_TRUE(op.orient());
+  ASSERT_EQ(op.get_size(), 3);
+  EXPECT_EQ(vxk_test::vertices(op.get(0)), vxk_test::reversed(box(20, 0, 22, 2, false)));
+  EXPECT_EQ(vxk_test::vertices(op.get(1)), vxk_test::reversed(box(0, 0, 10, 10, false)));
+  EXPECT_EQ(vxk_test::vertices(op.get(2)), vxk_test::reversed(box(1, 1, 2, 2)));
+  EXPECT_EQ(op.get(0)->get_clock_wise(), vx_cw_clockwise);
+  EXPECT_EQ(op.get(2)->get_clock_wise(), vx_cw_counter_clockwise);
+  EXPECT_EQ(op.get_vector_type(), 7u);
+  EXPECT_DOUBLE_EQ(op.calc_area(), 4.0 + 100.0 - 1.0);
+}
+
+TEST(Op2dOrient, FailedDivisionLeavesTheObjectAsItWas) {
+  Tvx_op2d op;
+  for (int i = 0; i < 10000; ++i) add_pts(&op, box(0, 0, 1, 1, i % 2 == 0));
+  EXPECT_FALSE(op.orient());
+  ASSERT_EQ(op.get_size(), 10000);
+  EXPECT_EQ(vxk_test::vertices(op.get(1)), box(0, 0, 1, 1, false));
+}
+
+TEST(Op2dOrient, NothingLeftWhenNoRingHasArea) {
+  Tvx_op2d op;
+  add_pts(&op, {{0, 0}, {1, 1}, {0, 0}});
+  EXPECT_TRUE(op.orient());
+  EXPECT_EQ(op.get_size(), 0);
+}
+
+TEST(Op2dRefpnt, PolygonGetsAnInsidePointOfItsLargestPart) {
+  Tvx_op2d op;
+  add_pts(&op, box(0, 0, 52, 52));
+  add_pts(&op, box(100, 0, 101, 1));
+  Tvx_point2d p = vx_point2d(-1, -1);
+  ASSERT_TRUE(op.calc_pgn_refpnt(&p));
+  EXPECT_DOUBLE_EQ(p.x, 26.0);
+  EXPECT_DOUBLE_EQ(p.y, 25.0);
+}
+
+TEST(Op2dRefpnt, PolygonWithNoHeightFallsBackToTheRectangleMiddle) {
+  Tvx_op2d op;
+  add_pts(&op, {{0, 3}, {4, 3}, {10, 3}, {0, 3}});
+  Tvx_point2d p = vx_point2d(-1, -1);
+  ASSERT_TRUE(op.calc_pgn_refpnt(&p));
+  EXPECT_EQ(p, vx_point2d(5, 3));
+  Tvx_op2d empty;
+  EXPECT_FALSE(empty.calc_pgn_refpnt(&p));
+  EXPECT_EQ(p, vx_point2d(5, 3));
+}
+
+// Rings of no area: the division keeps none, so the scan lines run over the source, where each line
+// meets the lines out and back twice at one x: no stretch has any width, and the fallback applies.
+TEST(Op2dRefpnt, PolygonOfNoAreaFallsBackToTheRectangleMiddle) {
+  Tvx_op2d op;
+  add_pts(&op, {{0, 0}, {0, 10}, {0, 0}});
+  add_pts(&op, {{4, 0}, {6, 10}, {4, 0}});
+  Tvx_point2d p = vx_point2d(-1, -1);
+  ASSERT_TRUE(op.calc_pgn_refpnt(&p));
+  EXPECT_EQ(p, vx_point2d(3, 5));
+}
+
+TEST(Op2dRefpnt, LineGetsItsPointNearestToTheRectangleMiddle) {
+  Tvx_op2d op;
+  add_pts(&op, {{0, 0}, {2, 0}, {10, 8}});  // middle (5, 4): the foot on the second segment
+  Tvx_point2d p = vx_point2d(-1, -1);
+  ASSERT_TRUE(op.calc_pln_refpnt(&p));
+  EXPECT_DOUBLE_EQ(p.x, 5.5);
+  EXPECT_DOUBLE_EQ(p.y, 3.5);
+  Tvx_op2d corner;  // middle (5, 5), as near to both legs: the first leg wins
+  add_pts(&corner, {{0, 0}, {10, 0}, {10, 10}});
+  ASSERT_TRUE(corner.calc_pln_refpnt(&p));
+  EXPECT_EQ(p, vx_point2d(5, 0));
+  Tvx_op2d empty;
+  empty.add();
+  EXPECT_FALSE(empty.calc_pln_refpnt(&p));
+}
+
+TEST(Op2dRefpnt, PointsGetTheVertexNearestToTheRectangleMiddle) {
+  Tvx_op2d op;
+  add_pts(&op, {{0, 0}, {10, 10}});
+  add_pts(&op, {{4, 4}, {6, 6}});  // both as near as each other: the first stays
+  Tvx_point2d p = vx_point2d(-1, -1);
+  ASSERT_TRUE(op.calc_pnt_refpnt(&p));
+  EXPECT_EQ(p, vx_point2d(4, 4));
+  Tvx_op2d empty;
+  EXPECT_FALSE(empty.calc_pnt_refpnt(&p));
+  EXPECT_EQ(p, vx_point2d(4, 4));
+}
+
+TEST(Op2dRefpnt, PolygonRingsWithNaNAreLeftOutAndAloneGiveTheRectangleMiddle) {
+  const double nan = std::numeric_limits<double>::quiet_NaN();
+  Tvx_op2d op;
+  add_pts(&op, {{nan, 0}, {0, 60}, {60, 60}, {60, 0}, {nan, 0}});
+  add_pts(&op, box(0, 0, 52, 52));
+  Tvx_point2d p = vx_point2d(-1, -1);
+  ASSERT_TRUE(op.calc_pgn_refpnt(&p));
+  EXPECT_EQ(p, vx_point2d(26, 25));
+
+  Tvx_op2d bad;
+  add_pts(&bad, {{0, 0}, {0, nan}, {6, 6}, {6, 0}, {0, 0}});
+  ASSERT_TRUE(bad.calc_pgn_refpnt(&p));  // no ring is kept: the middle of the rectangle
+  EXPECT_EQ(p, vx_point2d(3, 3));
 }
 
 }  // namespace

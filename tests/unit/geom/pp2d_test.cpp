@@ -626,4 +626,39 @@ TEST(Pp2dMiddleSides, ShortSources) {
   EXPECT_EQ(nothing->get_size(), 0);
 }
 
+TEST(Pp2dChordSimplify, ThinsACopy) {
+  const Tvx_pp2d source = make({{0, 0}, {1, 0.1}, {5, 3}, {10, 0}});
+  auto r = own(source.chord_simplify(0.5));
+  expect_vertices(*r, {{0, 0}, {5, 3}, {10, 0}});
+  EXPECT_EQ(source.get_size(), 4);
+  auto all = own(source.chord_simplify(0.0));
+  EXPECT_EQ(all->get_size(), 4);
+}
+
+TEST(Pp2dSimpleSimplify, StraightLineComesDownToItsEnds) {
+  // Resampled every 1 into 11 vertices, smoothed (still straight), thinned by chords to its ends.
+  auto r = own(make({{0, 0}, {4, 0}, {10, 0}}).simple_simplify(1.0));
+  expect_vertices(*r, {{0, 0}, {10, 0}});
+}
+
+TEST(Pp2dSimpleSimplify, ElbowIsRoundedAndThinned) {
+  auto r = own(kElbow.simple_simplify(1.0));
+  ASSERT_GE(r->get_size(), 3);
+  EXPECT_LE(r->get_size(), 8);
+  EXPECT_EQ(r->get_first(), vx_point2d(0, 0));
+  EXPECT_EQ(r->get_last(), vx_point2d(10, 10));
+  for (int i = 1; i + 1 < r->get_size(); ++i) {
+    const Tvx_point2d p = r->get(i);
+    EXPECT_LT(p.x, 10.0);  // the corner is cut, inside the elbow
+    EXPECT_GT(p.y, 0.0);
+    EXPECT_LT(std::min(10.0 - p.x, p.y), 2.0);
+  }
+  EXPECT_EQ(kElbow.get_size(), 3);
+}
+
+TEST(Pp2dSimpleSimplify, EmptyLineGivesTheZeroPointOfTheSmoothing) {
+  auto r = own(Tvx_pp2d().simple_simplify(1.0));
+  expect_vertices(*r, {{0, 0}});
+}
+
 }  // namespace

@@ -1,5 +1,7 @@
 #include "proj4/proj4_param.h"
 
+#include "proj4/pj_defs.h"
+
 #include <gtest/gtest.h>
 
 namespace {
@@ -274,6 +276,55 @@ TEST(Proj4Param, SetParamTakesDefinitionAndValueButNotName) {
   b1.val_from_str("");
   b2.set_param(&b1);
   EXPECT_TRUE(b2.get_def() && b2.get_bool());
+}
+
+// A catalogue definition that goes into the string brings its default; one that does not makes the
+// parameter undefined and leaves its value alone.
+TEST(Proj4Param, SetParamFromDefinitionTakesDefaultOnlyWhenWritten) {
+  Tvx_pj_dbl_param def;
+  def.set_default(39);
+  def.set_use_proj4(true);
+  Tvx_proj4_param_dbl lon_0 = named<Tvx_proj4_param_dbl>("lon_0");
+  lon_0.set_param(&def);
+  EXPECT_TRUE(lon_0.get_def());
+  EXPECT_EQ(lon_0.get_dbl(), 39);
+  EXPECT_STREQ(lon_0.get_name(), "lon_0");
+
+  def.set_use_proj4(false);
+  def.set_default(45);
+  def.set_def_default(true);  // having a default does not write it
+  lon_0.set_param(&def);
+  EXPECT_FALSE(lon_0.get_def());
+  EXPECT_EQ(lon_0.get_dbl(), 39);
+}
+
+TEST(Proj4Param, SetParamFromDefinitionOfEveryKind) {
+  Tvx_pj_str_param datum_def;
+  datum_def.set_use_proj4(true);
+  datum_def.set_default("WGS84");
+  Tvx_proj4_param_str datum = named<Tvx_proj4_param_str>("datum");
+  datum.set_param(&datum_def);
+  EXPECT_TRUE(datum.get_def());
+  EXPECT_STREQ(datum.get_out_str(), "+datum=WGS84 ");
+
+  Tvx_pj_int_param zone_def;
+  zone_def.set_use_proj4(true);
+  zone_def.set_default(37);
+  Tvx_proj4_param_int zone = named<Tvx_proj4_param_int>("zone");
+  zone.set_param(&zone_def);
+  EXPECT_STREQ(zone.get_out_str(), "+zone=37 ");
+
+  Tvx_pj_bool_param south_def;
+  south_def.set_use_proj4(true);
+  south_def.set_default(true);
+  Tvx_proj4_param_bool south = named<Tvx_proj4_param_bool>("south");
+  south.set_param(&south_def);
+  EXPECT_TRUE(south.get_def() && south.get_bool());
+  south_def.set_use_proj4(false);
+  south.set_param(&south_def);
+  EXPECT_FALSE(south.get_def());
+  EXPECT_TRUE(south.get_bool());
+  EXPECT_STREQ(south.get_out_str(), "");
 }
 
 }  // namespace

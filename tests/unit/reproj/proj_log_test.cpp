@@ -53,7 +53,7 @@ TEST(ProjLog, PassesOnThroughTheEnvironmentAsMessages) {
   vx::proj_log::take();
   refuse("+proj=no_such_projection");
   refuse("+proj=no_such_projection");
-  vxk_test::env_capture env;
+  vxk_test::error_log env;
   vx::proj_log::pass_on();
   ASSERT_EQ(env.messages.size(), 1u);
   EXPECT_EQ(env.messages[0].rfind("PROJ: ", 0), 0u) << env.messages[0];

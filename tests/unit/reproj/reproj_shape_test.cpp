@@ -10,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "error_log.h"
 #include "fault_injection.h"
 #include "files/file_shp.h"
 #include "geom/geom2d.h"
@@ -110,6 +111,8 @@ class measured_file {
   }
   std::vector<std::string> records_;
 };
+
+using vxk_test::error_log;
 
 class ReprojShape : public ::testing::Test {
  protected:
@@ -405,7 +408,7 @@ TEST_F(ReprojShape, DestinationThatIsTheSourceIsRefused) {
   for (const fs::path& same : {src, dir / "." / "src.shp", dir / "link.shp", dir / "hard.shp",
                                // "src.dat" is written with the index "src.shx", which is the source's.
                                dir / "src.dat"}) {
-    vxk_test::env_capture env;
+    error_log env;
     EXPECT_EQ(Tvx_reproj_shape::execute(src.string().c_str(), kPulkovo, same.string().c_str(), kGk7), 1)
         << same;
     ASSERT_EQ(env.errors.size(), 1u) << same;
@@ -420,7 +423,7 @@ TEST_F(ReprojShape, DestinationThatIsTheSourceIsRefused) {
 // A source that cannot be opened has no defined content: it is reported, and no destination is made
 // (an empty one would replace an earlier result with nothing).
 TEST_F(ReprojShape, MissingSourceIsReportedAndGivesNoDestination) {
-  vxk_test::env_capture env;
+  error_log env;
   Tvx_reproj_shape_report report;
   EXPECT_EQ(Tvx_reproj_shape::execute(src.string().c_str(), kPulkovo, dst.string().c_str(), kGk7, &report),
             0);
@@ -433,7 +436,7 @@ TEST_F(ReprojShape, MissingSourceIsReportedAndGivesNoDestination) {
 TEST_F(ReprojShape, SourceWithoutIndexGivesNoDestination) {
   make_polygons();
   fs::remove(fs::path(src).replace_extension(".shx"));
-  vxk_test::env_capture env;
+  error_log env;
   EXPECT_EQ(run(), 0);
   EXPECT_FALSE(env.errors.empty());
   EXPECT_FALSE(fs::exists(dst));
@@ -443,7 +446,7 @@ TEST_F(ReprojShape, TextFileIsNoShapeFileAndGivesNoDestination) {
   write_bytes(src, std::string(300, 'x'));
   write_bytes(fs::path(src).replace_extension(".shx"), std::string(300, 'x'));
   write_bytes(fs::path(src).replace_extension(".dbf"), "table");
-  vxk_test::env_capture env;
+  error_log env;
   Tvx_reproj_shape_report report;
   EXPECT_EQ(Tvx_reproj_shape::execute(src.string().c_str(), kPulkovo, dst.string().c_str(), kGk7, &report),
             0);
@@ -462,7 +465,7 @@ TEST_F(ReprojShape, RecordsThatCannotBeReadAreCountedApart) {
   std::string body = read_bytes(src);
   body.resize(body.size() - 20);  // into the last polygon
   write_bytes(src, body);
-  vxk_test::env_capture env;
+  error_log env;
   Tvx_reproj_shape_report report;
   ASSERT_EQ(Tvx_reproj_shape::execute(src.string().c_str(), kPulkovo, dst.string().c_str(), kOrtho, &report),
             0);
@@ -484,7 +487,7 @@ TEST_F(ReprojShape, WriteFailuresAreReportedWithTheirReasonAndCounted) {
   std::string point = measured_file::le32(1) + measured_file::f64(37.5) + measured_file::f64(55.5);
   for (int i = 0; i < 400; ++i) m.add(point);
   m.save(src, 1);
-  vxk_test::env_capture env;
+  error_log env;
   Tvx_reproj_shape_report report;
   {
     vxk_test::file_size_limit limit(4096);
@@ -499,7 +502,7 @@ TEST_F(ReprojShape, WriteFailuresAreReportedWithTheirReasonAndCounted) {
 TEST_F(ReprojShape, TableThatCannotBeCopiedIsReportedAndCounted) {
   make_polygons();
   fs::create_directory(fs::path(src).replace_extension(".dbf"));
-  vxk_test::env_capture env;
+  error_log env;
   Tvx_reproj_shape_report report;
   ASSERT_EQ(Tvx_reproj_shape::execute(src.string().c_str(), kPulkovo, dst.string().c_str(), kGk7, &report),
             0);
@@ -516,7 +519,7 @@ TEST_F(ReprojShape, ProjsWordsGoThroughTheEnvironment) {
   for (int i = 0; i < 7; ++i)
     m.add(measured_file::le32(1) + measured_file::f64(37.0) + measured_file::f64(95.0 + i));
   m.save(src, 1);
-  vxk_test::env_capture env;
+  error_log env;
   testing::internal::CaptureStderr();
   Tvx_reproj_shape_report report;
   ASSERT_EQ(
@@ -542,7 +545,7 @@ TEST_F(ReprojShape, IndexThatClaimsTooManyRecordsEndsCleanly) {
   std::string idx = read_bytes(shx);
   idx.replace(24, 4, measured_file::be32(0x40000000u));
   write_bytes(shx, idx);
-  vxk_test::env_capture env;
+  error_log env;
   Tvx_reproj_shape_report report;
   EXPECT_EQ(Tvx_reproj_shape::execute(src.string().c_str(), kPulkovo, dst.string().c_str(), kGk7, &report),
             0);

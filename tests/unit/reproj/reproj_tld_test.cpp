@@ -332,7 +332,7 @@ TEST(ReprojTld, FailedWriteOverTheSourceLeavesItAsItWas) {
   write_tld(dir / "labels.tld", list.get());
   const auto before = vxk_test::snapshot(dir);
   const std::wstring path = (dir / "labels.tld").wstring();
-  vxk_test::env_capture env;
+  vxk_test::error_log env;
   {
     vxk_test::file_size_limit limit(16);
     EXPECT_TRUE(vx_proj4_tld_w(path.c_str(), WGS84, path.c_str(), MERC));
@@ -346,7 +346,7 @@ TEST(ReprojTld, FailuresAreReportedThroughTheEnvironment) {
   const fs::path dir = vxk_test::scratch_dir("reproj_tld_reports");
   list_ptr list(vxk_test::make_full_list());
   write_tld(dir / "src.tld", list.get());
-  vxk_test::env_capture env;
+  vxk_test::error_log env;
   EXPECT_FALSE(
       vx_proj4_tld_w(wide(dir / "src.tld").c_str(), WGS84, wide(dir / "missing" / "dst.tld").c_str(), MERC));
   ASSERT_EQ(env.errors.size(), 1u);

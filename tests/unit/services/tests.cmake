@@ -4,7 +4,6 @@
 add_executable(pj4_prj_tool ${CMAKE_CURRENT_LIST_DIR}/pj4_prj_tool.cpp)
 target_include_directories(pj4_prj_tool PRIVATE ${PROJECT_SOURCE_DIR}/include)
 target_link_libraries(pj4_prj_tool PRIVATE vxk_proj4_shp)
-find_program(VXK_GDAL_PYTHON python3 PATHS /usr/bin NO_DEFAULT_PATH)
 add_test(NAME services.pj4_prj_ogrinfo
-  COMMAND ${VXK_GDAL_PYTHON} ${CMAKE_CURRENT_LIST_DIR}/pj4_prj_ogrinfo.py $<TARGET_FILE:pj4_prj_tool>)
+  COMMAND ${VXK_SYSTEM_PYTHON} ${CMAKE_CURRENT_LIST_DIR}/pj4_prj_ogrinfo.py $<TARGET_FILE:pj4_prj_tool>)
 set_tests_properties(services.pj4_prj_ogrinfo PROPERTIES ENVIRONMENT "${VXK_TEST_ENV}")
