@@ -268,7 +268,7 @@ int run(const std::vector<std::string>& args) {
   vx_proj4_shp_counts counts{};
   if (std::string err = reproject_into(opt, out, counts); !err.empty()) return fail(err);
   out.replace_family(fs::path(opt.dst).filename().string(), vxk::shape_side_extensions());
-  if (!out.commit()) return fail(out.error() + "; the result may be incomplete");
+  if (!out.commit()) return fail(out.error());
   std::printf("%s\n", summary(opt, counts).c_str());
   return counts.unreadable ? kDamagedSource : 0;
 }

@@ -106,6 +106,69 @@ TEST_F(OutputSet, TreesGoIntoPlaceWithTheirFolders) {
   EXPECT_EQ(contents(dir / "sheet").size(), 5u);  // two files, three folders, no staging folder
 }
 
+// A commit that fails half-way (here a file of the new set whose folder is a file at the destination)
+// puts back every file it had already replaced or taken away.
+TEST_F(OutputSet, CommitThatFailsHalfWayPutsEveryEarlierFileBack) {
+  fs::create_directories(dir / "out");
+  for (const char* name : {"roads.dbf", "roads.shp", "roads.prj"}) write(dir / "out" / name, "earlier");
+  write(dir / "out" / "x", "a file in the way");
+  const auto earlier = contents(dir / "out");
+  {
+    vxk::output_set out;
+    ASSERT_TRUE(out.open((dir / "out").string()));
+    const std::string staged = out.stage("roads.shp");
+    write(staged, "new");
+    write(fs::path(staged).replace_extension(".dbf"), "new table");
+    write(out.stage("x/late.shp"), "cannot go");
+    out.replace_family("roads.shp", vxk::shape_side_extensions());
+    EXPECT_FALSE(out.commit());
+    EXPECT_EQ(out.error().rfind("cannot replace '" + (dir / "out" / "x" / "late.shp").string() + "': ", 0),
+              0u)
+        << out.error();
+    EXPECT_NE(out.error().find("; what was there before is as it was"), std::string::npos) << out.error();
+    for (const auto& [name, bytes] : earlier) EXPECT_EQ(read(dir / "out" / name), bytes) << name;
+  }
+  EXPECT_EQ(contents(dir / "out"), earlier);
+}
+
+// The sheet generator's folders: its own files are replaced and its stale ones go; a folder that holds a
+// file it did not write is refused before anything is done.
+bool sheet_file(const std::string& relative) {
+  return relative.rfind("HYPS/", 0) == 0 && fs::path(relative).extension() == ".shp";
+}
+
+TEST_F(OutputSet, ReplacedFolderLosesTheCommandsStaleFilesOnly) {
+  fs::create_directories(dir / "sheet" / "HYPS");
+  write(dir / "sheet" / "HYPS" / "Hypsa.shp", "old");
+  write(dir / "sheet" / "HYPS" / "Hypsl.shp", "old");
+  write(dir / "sheet" / "notes.txt", "mine");
+  vxk::output_set out;
+  ASSERT_TRUE(out.open((dir / "sheet").string()));
+  ASSERT_TRUE(out.replace_folder("HYPS", sheet_file)) << out.error();
+  write(out.stage("HYPS/Hypsa.shp"), "new");
+  ASSERT_TRUE(out.commit()) << out.error();
+  EXPECT_EQ(contents(dir / "sheet"),
+            (std::map<std::string, std::string>{
+                {"HYPS", "<folder>"}, {"HYPS/Hypsa.shp", "new"}, {"notes.txt", "mine"}}));
+}
+
+TEST_F(OutputSet, FolderWithAForeignFileIsRefused) {
+  fs::create_directories(dir / "sheet" / "HYPS");
+  write(dir / "sheet" / "HYPS" / "Hypsa.shp", "old");
+  write(dir / "sheet" / "HYPS" / "my_notes.txt", "mine");
+  const auto before = contents(dir / "sheet");
+  {
+    vxk::output_set out;
+    ASSERT_TRUE(out.open((dir / "sheet").string()));
+    EXPECT_FALSE(out.replace_folder("HYPS", sheet_file));
+    EXPECT_EQ(out.error(), "'" + (dir / "sheet" / "HYPS" / "my_notes.txt").string() +
+                               "' was not written by this command; it is left alone, so the result cannot "
+                               "replace '" +
+                               (dir / "sheet" / "HYPS").string() + "'");
+  }
+  EXPECT_EQ(contents(dir / "sheet"), before);
+}
+
 TEST_F(OutputSet, FolderThatIsAFileIsAClearFailure) {
   write(dir / "blocker", "x");
   vxk::output_set out;
