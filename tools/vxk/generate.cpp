@@ -35,7 +35,7 @@ const char* const kUsage =
     "or \"Base list\" for a box). Beside every shape file stand its table (.dbf, with a .cpg saying 1251 so\n"
     "that GDAL and QGIS read the Cyrillic texts), a .prj (ESRI WKT) and a .pj4 (the PROJ string).\n"
     "\n"
-    "The four folders are written in a temporary folder beside DIR and moved into DIR only when everything\n"
+    "The four folders are written in a temporary folder inside DIR and moved into DIR only when everything\n"
     "was written; a failed run leaves nothing behind. Folders of the same names in DIR are replaced when\n"
     "they hold only files that vxk generate writes; otherwise the command refuses.\n"
     "\n"
