@@ -56,7 +56,7 @@ const char* const kUsage =
     "exit status: 0 done; 1 failed, nothing was written (the transformation cannot be built, the source\n"
     "cannot be read or is not a shape file, a file cannot be written); 2 bad arguments (also a destination\n"
     "that is the source); 3 done, but the source is damaged: the records that could not be read are null\n"
-    "records in the result.\n";
+    "records in the result, a table whose header does not fit its file is copied as it is.\n";
 
 struct options {
   std::string src, dst, from, to;
@@ -131,6 +131,37 @@ std::string check_source(const std::string& src) {
     std::FILE* f = std::fopen(p.c_str(), "rb");
     if (!f) return "cannot read the source '" + vxk::echo(p.string()) + "': " + std::strerror(errno);
     std::fclose(f);
+  }
+  return {};
+}
+
+uint32_t little_endian(const unsigned char* bytes, int size) {
+  uint32_t value = 0;
+  for (int i = size - 1; i >= 0; --i) value = value << 8 | bytes[i];
+  return value;
+}
+
+// The source table is copied as it is, so a table whose header does not fit its file stays damaged in
+// the result: what is wrong with it, empty when it is sound or absent (a folder fails the copy itself).
+std::string table_damage(const std::string& src) {
+  const fs::path dbf = fs::path(src).replace_extension(".dbf");
+  std::error_code ec;
+  if (!fs::is_regular_file(dbf, ec)) return {};
+  const uintmax_t size = fs::file_size(dbf, ec);
+  unsigned char h[32] = {};
+  std::FILE* f = std::fopen(dbf.c_str(), "rb");
+  const size_t got = f ? std::fread(h, 1, sizeof h, f) : 0;
+  if (f) std::fclose(f);
+  if (ec || !f) return {};
+  if (got < sizeof h) return size ? "it is shorter than the 32-byte header of a table" : "it is empty";
+  const uint32_t count = little_endian(h + 4, 4), header = little_endian(h + 8, 2),
+                 record = little_endian(h + 10, 2);
+  if (header < 33 || header > size)
+    return "its header gives a header of " + std::to_string(header) + " bytes in a file of " +
+           std::to_string(size);
+  if (record == 0 || (size - header) / record < count) {
+    return "its header counts " + std::to_string(count) + " records of " + std::to_string(record) +
+           " bytes, the file holds " + std::to_string(record ? (size - header) / record : 0);
   }
   return {};
 }
@@ -243,11 +274,12 @@ std::string reproject_into(const options& opt, vxk::output_set& out, vx_proj4_sh
   return error.empty() ? error : error + "; " + untouched;
 }
 
-std::string summary(const options& opt, const vx_proj4_shp_counts& counts) {
+std::string summary(const options& opt, const vx_proj4_shp_counts& counts, bool table_damaged) {
   std::string text = vxk::echo(opt.dst) + ": " + std::to_string(counts.records) + " records written, " +
                      std::to_string(counts.failed) + " became null records (could not be transformed)";
   if (counts.unreadable)
     text += ", " + std::to_string(counts.unreadable) + " could not be read: the source is damaged";
+  if (table_damaged) text += "; the source table is damaged and was copied as it is";
   return text;
 }
 
@@ -269,8 +301,13 @@ int run(const std::vector<std::string>& args) {
   if (std::string err = reproject_into(opt, out, counts); !err.empty()) return fail(err);
   out.replace_family(fs::path(opt.dst).filename().string(), vxk::shape_side_extensions());
   if (!out.commit()) return fail(out.error());
-  std::printf("%s\n", summary(opt, counts).c_str());
-  return counts.unreadable ? kDamagedSource : 0;
+  const std::string damage = table_damage(opt.src);
+  if (!damage.empty()) {
+    std::fprintf(stderr, "vxk reproject: the table '%s' is damaged: %s\n",
+                 vxk::echo(fs::path(opt.src).replace_extension(".dbf").string()).c_str(), damage.c_str());
+  }
+  std::printf("%s\n", summary(opt, counts, !damage.empty()).c_str());
+  return counts.unreadable || !damage.empty() ? kDamagedSource : 0;
 }
 
 }  // namespace

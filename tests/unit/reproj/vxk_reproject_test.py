@@ -328,6 +328,29 @@ class VxkReprojectKeepsData(unittest.TestCase):
         os.mkdir(self.src[:-4] + ".dbf")
         self.check_not_a_shape_file("cannot copy")
 
+    def check_damaged_table(self, expected):
+        self.before = snapshot(os.path.dirname(self.src))
+        dst = os.path.join(self.tmp, "out", "roads.shp")
+        run = vxk(self.src, dst, "--from", PULKOVO, "--to", GK7)
+        self.assertEqual(run.returncode, 3, run.stderr)
+        self.assertIn("roads.dbf' is damaged: " + expected, run.stderr)
+        self.assertIn("2000 records written, 0 became null records (could not be transformed); the source "
+                      "table is damaged and was copied as it is", run.stdout)
+        self.assertEqual(records(dst), [1] * 2000)
+        with open(self.src[:-4] + ".dbf", "rb") as a, open(dst[:-4] + ".dbf", "rb") as b:
+            self.assertEqual(a.read(), b.read())
+        self.assert_source_unchanged()
+
+    def test_empty_table_is_reported_as_damaged(self):
+        open(self.src[:-4] + ".dbf", "w").close()
+        self.check_damaged_table("it is empty")
+
+    def test_table_whose_header_counts_too_many_records_is_reported_as_damaged(self):
+        with open(self.src[:-4] + ".dbf", "r+b") as f:
+            f.seek(4)
+            f.write(struct.pack("<I", 1 << 30))
+        self.check_damaged_table(f"its header counts {1 << 30} records of 6 bytes, the file holds 2000")
+
     # ---- write failures: nothing half-written, nothing earlier destroyed
 
     def earlier_result(self):
