@@ -328,6 +328,11 @@ class VxkReprojectKeepsData(unittest.TestCase):
         os.mkdir(self.src[:-4] + ".dbf")
         self.check_not_a_shape_file("cannot copy")
 
+    def test_code_page_that_is_a_folder_fails_the_run(self):
+        os.remove(self.src[:-4] + ".cpg")
+        os.mkdir(self.src[:-4] + ".cpg")
+        self.check_not_a_shape_file("cannot copy")
+
     def check_damaged_table(self, expected):
         self.before = snapshot(os.path.dirname(self.src))
         dst = os.path.join(self.tmp, "out", "roads.shp")
