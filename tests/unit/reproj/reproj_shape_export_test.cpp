@@ -142,8 +142,9 @@ class ReprojShapeExportSafety : public ::testing::Test {
 
 TEST_F(ReprojShapeExportSafety, SourceGivenAsDestinationIsRefused) {
   fs::create_symlink(src, dir / "link.shp");
+  fs::create_hard_link(src, dir / "hard.shp");
   before = vxk_test::snapshot(dir);
-  for (const fs::path& same : {src, dir / "." / "src.shp", dir / "link.shp"}) {
+  for (const fs::path& same : {src, dir / "." / "src.shp", dir / "link.shp", dir / "hard.shp"}) {
     host_reports host;
     EXPECT_FALSE(vx_proj4_shp(src.c_str(), kPulkovo, same.c_str(), kOrtho)) << same;
     EXPECT_FALSE(vx_proj4_shp_w(src.wstring().c_str(), L"+proj=longlat +ellps=krass", same.wstring().c_str(),
