@@ -40,4 +40,4 @@ speedup=$(calc "${seconds[1]} / ${seconds[2]}")
 printf -- '-j 1: %.3f s   -j 2: %.3f s   (best of %s, 16 files of 250,000 vertices, %s processors)\n' \
   "${seconds[1]}" "${seconds[2]}" "$runs" "$(nproc)"
 printf -- '-j 2 is %.2f times as fast as -j 1 (target >= 1.8): %s\n' "$speedup" \
-  "$(calc "$speedup >= 1.8 ? \"met\" : \"MISSED\"")"
+  "$(calc "($speedup >= 1.8) ? \"met\" : \"MISSED\"")"

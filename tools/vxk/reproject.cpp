@@ -72,8 +72,8 @@ const char* const kUsage =
     "exit status: 0 done; 1 failed, nothing was written (the transformation cannot be built, the source\n"
     "cannot be read or is not a shape file, a file cannot be written); 2 bad arguments (also a destination\n"
     "that is the source); 3 done, but the source is damaged: the records that could not be read are null\n"
-    "records in the result. In folder mode: 1 when any file failed, 3 when none failed and a source was\n"
-    "damaged.\n";
+    "records in the result, a table whose header does not fit its file is copied as it is. In folder\n"
+    "mode: 1 when any file failed, 3 when none failed and a source was damaged.\n";
 
 using vxk::reproject::kBadArguments;
 using vxk::reproject::kDamagedSource;
@@ -186,6 +186,37 @@ std::string check_source(const std::string& src) {
   return {};
 }
 
+uint32_t little_endian(const unsigned char* bytes, int size) {
+  uint32_t value = 0;
+  for (int i = size - 1; i >= 0; --i) value = value << 8 | bytes[i];
+  return value;
+}
+
+// The source table is copied as it is, so a table whose header does not fit its file stays damaged in
+// the result: what is wrong with it, empty when it is sound or absent (a folder fails the copy itself).
+std::string table_damage(const std::string& src) {
+  const fs::path dbf = fs::path(src).replace_extension(".dbf");
+  std::error_code ec;
+  if (!fs::is_regular_file(dbf, ec)) return {};
+  const uintmax_t size = fs::file_size(dbf, ec);
+  unsigned char h[32] = {};
+  std::FILE* f = std::fopen(dbf.c_str(), "rb");
+  const size_t got = f ? std::fread(h, 1, sizeof h, f) : 0;
+  if (f) std::fclose(f);
+  if (ec || !f) return {};
+  if (got < sizeof h) return size ? "it is shorter than the 32-byte header of a table" : "it is empty";
+  const uint32_t count = little_endian(h + 4, 4), header = little_endian(h + 8, 2),
+                 record = little_endian(h + 10, 2);
+  if (header < 33 || header > size)
+    return "its header gives a header of " + std::to_string(header) + " bytes in a file of " +
+           std::to_string(size);
+  if (record == 0 || (size - header) / record < count) {
+    return "its header counts " + std::to_string(count) + " records of " + std::to_string(record) +
+           " bytes, the file holds " + std::to_string(record ? (size - header) / record : 0);
+  }
+  return {};
+}
+
 // The files of a shape file that a run reads or writes.
 std::vector<std::string> family(const std::string& shp) {
   std::vector<std::string> files;
@@ -282,11 +313,12 @@ std::string reproject_into(const options& opt, vxk::output_set& out, const vxk::
   return error.empty() ? error : error + "; " + untouched;
 }
 
-std::string summary(const options& opt, const vx_proj4_shp_counts& counts) {
+std::string summary(const options& opt, const vx_proj4_shp_counts& counts, bool table_damaged) {
   std::string text = vxk::echo(opt.dst) + ": " + std::to_string(counts.records) + " records written, " +
                      std::to_string(counts.failed) + " became null records (could not be transformed)";
   if (counts.unreadable)
     text += ", " + std::to_string(counts.unreadable) + " could not be read: the source is damaged";
+  if (table_damaged) text += "; the source table is damaged and was copied as it is";
   return text;
 }
 
@@ -302,9 +334,11 @@ int run(const std::vector<std::string>& args) {
   if (opt.folder_mode) return vxk::reproject::run_folder(opt);
   progress_bar bar;
   vx_proj4_shp_counts counts{};
+  bool table_damaged = false;
   const int status = vxk::reproject::run_file(
-      opt, {wants_progress_bar(opt) ? &progress_bar::update : nullptr, &bar}, counts);
-  if (status == 0 || status == kDamagedSource) std::printf("%s\n", summary(opt, counts).c_str());
+      opt, {wants_progress_bar(opt) ? &progress_bar::update : nullptr, &bar}, counts, table_damaged);
+  if (status == 0 || status == kDamagedSource)
+    std::printf("%s\n", summary(opt, counts, table_damaged).c_str());
   return status;
 }
 
@@ -312,15 +346,21 @@ int run(const std::vector<std::string>& args) {
 
 namespace vxk::reproject {
 
-int run_file(const options& opt, const progress& progress, vx_proj4_shp_counts& counts) {
+int run_file(const options& opt, const progress& progress, vx_proj4_shp_counts& counts, bool& table_damaged) {
   if (std::string err = check_source(opt.src); !err.empty()) return fail(err);
   if (std::string err = check_not_source(opt.src, opt.dst); !err.empty()) return refuse(err);
   vxk::output_set out;
   if (!out.open(fs::path(opt.dst).parent_path().string())) return fail(out.error() + "; nothing was written");
   if (std::string err = reproject_into(opt, out, progress, counts); !err.empty()) return fail(err);
   out.replace_family(fs::path(opt.dst).filename().string(), vxk::shape_side_extensions());
-  if (!out.commit()) return fail(out.error() + "; the result may be incomplete");
-  return counts.unreadable ? kDamagedSource : 0;
+  if (!out.commit()) return fail(out.error());
+  const std::string damage = table_damage(opt.src);
+  table_damaged = !damage.empty();
+  if (table_damaged) {
+    std::fprintf(stderr, "vxk reproject: the table '%s' is damaged: %s\n",
+                 vxk::echo(fs::path(opt.src).replace_extension(".dbf").string()).c_str(), damage.c_str());
+  }
+  return counts.unreadable || table_damaged ? kDamagedSource : 0;
 }
 
 }  // namespace vxk::reproject

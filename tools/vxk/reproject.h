@@ -31,8 +31,9 @@ struct progress {
 
 // Reprojects opt.src into opt.dst with the safe output of the program: reasons on standard error, the
 // result put into place only when complete. The exit status of the command (0, kFailed, kBadArguments,
-// kDamagedSource); counts tells what the library did.
-int run_file(const options& opt, const progress& progress, vx_proj4_shp_counts& counts);
+// kDamagedSource); counts tells what the library did, table_damaged whether the source's table is
+// damaged (it is then copied as it is, and the status is kDamagedSource).
+int run_file(const options& opt, const progress& progress, vx_proj4_shp_counts& counts, bool& table_damaged);
 
 // Every shape file of opt.sources into the folder opt.dst, opt.jobs processes side by side, with one
 // progress bar and one summary line. The exit status: kFailed when any file failed.

@@ -37,6 +37,7 @@ struct task {
   std::uint32_t records = 0;
   int status = kFailed;
   vx_proj4_shp_counts counts{};
+  bool table_damaged = false;
 };
 
 std::string lower(std::string text) {
@@ -116,8 +117,10 @@ struct child_progress {
   one.dst = t.dst;
   child_progress told;
   vx_proj4_shp_counts counts{};
-  const int status = run_file(one, {&child_progress::update, &told}, counts);
-  std::fprintf(stderr, "%cc %u %u %u\n", kControl, counts.records, counts.failed, counts.unreadable);
+  bool table_damaged = false;
+  const int status = run_file(one, {&child_progress::update, &told}, counts, table_damaged);
+  std::fprintf(stderr, "%cc %u %u %u %d\n", kControl, counts.records, counts.failed, counts.unreadable,
+               table_damaged ? 1 : 0);
   std::fflush(nullptr);
   ::_exit(status);
 }
@@ -207,9 +210,11 @@ class scheduler {
   void take_line(child& c, const std::string& line) {
     if (line.empty() || line[0] != kControl) return message(line);
     unsigned a = 0, b = 0, d = 0;
+    int damaged = 0;
     if (std::sscanf(line.c_str() + 1, "p %u", &a) == 1) c.done = std::min(a, c.work->records);
-    if (std::sscanf(line.c_str() + 1, "c %u %u %u", &a, &b, &d) == 3) {
+    if (std::sscanf(line.c_str() + 1, "c %u %u %u %d", &a, &b, &d, &damaged) == 4) {
       c.work->counts.records = a, c.work->counts.failed = b, c.work->counts.unreadable = d;
+      c.work->table_damaged = damaged != 0;
       c.counted = true;
     }
   }
@@ -264,16 +269,18 @@ unsigned jobs_for(const options& opt, std::size_t tasks) {
 }
 
 std::string summary(const options& opt, const std::vector<task>& tasks) {
-  std::uint64_t records = 0, nulls = 0, unreadable = 0, done = 0;
+  std::uint64_t records = 0, nulls = 0, unreadable = 0, done = 0, tables = 0;
   for (const task& t : tasks) {
     if (t.status != 0 && t.status != kDamagedSource) continue;
     ++done, records += t.counts.records, nulls += t.counts.failed, unreadable += t.counts.unreadable;
+    tables += t.table_damaged ? 1 : 0;
   }
   std::string text = echo(opt.dst) + ": " + std::to_string(tasks.size()) + " files, " + std::to_string(done) +
                      " reprojected, " + std::to_string(tasks.size() - done) + " failed; " +
                      std::to_string(records) + " records written, " + std::to_string(nulls) +
                      " became null records (could not be transformed)";
   if (unreadable) text += ", " + std::to_string(unreadable) + " could not be read: a source is damaged";
+  if (tables) text += "; " + std::to_string(tables) + " damaged source tables were copied as they are";
   return text;
 }
 

@@ -82,6 +82,11 @@ bool output_set::fail(const std::string& what, const std::string& path, int erro
   return false;
 }
 
+bool output_set::fail_after(const char* outcome) {
+  error_ += outcome;
+  return false;
+}
+
 // Makes every missing level of the folder, outermost first, and remembers what it made.
 bool output_set::make_folder(const std::string& folder) {
   std::vector<std::string> missing;
@@ -124,6 +129,28 @@ void output_set::replace_family(const std::string& relative, const std::vector<s
   family_extensions_.push_back(extensions);
 }
 
+bool output_set::replace_folder(const std::string& relative, own_file_rule own) {
+  const std::string folder = join(folder_, relative);
+  std::error_code ec;
+  if (!fs::exists(folder, ec)) {
+    folders_.emplace_back(relative, own);
+    return true;
+  }
+  if (!fs::is_directory(folder, ec)) return fail("cannot replace", folder, ENOTDIR);
+  for (fs::recursive_directory_iterator it(folder, ec), end; !ec && it != end; it.increment(ec)) {
+    if (it->is_directory(ec)) continue;
+    const std::string mine = fs::relative(it->path(), folder_.empty() ? "." : folder_, ec).string();
+    if (!it->is_regular_file(ec) || !own(mine)) {
+      error_ = "'" + it->path().string() + "' was not written by this command; it is left alone, so the " +
+               "result cannot replace '" + folder + "'";
+      return false;
+    }
+  }
+  if (ec) return fail("cannot read the folder", folder, ec.value());
+  folders_.emplace_back(relative, own);
+  return true;
+}
+
 bool output_set::sync_staged(const std::vector<std::string>& files) {
   for (const std::string& f : files) {
     if (!sync_path(join(staging_, f), O_RDONLY)) return fail("cannot write", join(folder_, f), errno);
@@ -131,17 +158,75 @@ bool output_set::sync_staged(const std::vector<std::string>& files) {
   return true;
 }
 
+// Where the files that the commit replaces or removes wait until it is complete, so that a failed
+// commit can put them back.
+std::string output_set::aside(const std::string& relative) const {
+  return join(join(staging_, ".replaced"), relative);
+}
+
+// Makes the folders missing above a file of the destination; those made are removed by undo().
+bool output_set::make_parents(const std::string& path, std::vector<std::string>& made) {
+  std::vector<std::string> missing;
+  for (fs::path p = fs::path(path).parent_path(); !p.empty() && !fs::exists(p); p = p.parent_path())
+    missing.push_back(p.string());
+  for (auto it = missing.rbegin(); it != missing.rend(); ++it) {
+    if (::mkdir(it->c_str(), 0777) != 0 && errno != EEXIST)
+      return fail("cannot create the folder", *it, errno);
+    made.push_back(*it);
+  }
+  return true;
+}
+
+// Keeps the file at <folder>/<relative> aside: a hard link where the file system has them, so that the
+// file stays in place until the new one replaces it in one step; otherwise it is moved aside.
+bool output_set::keep_aside(const std::string& relative, bool keep_in_place, std::vector<std::string>& made) {
+  const std::string from = join(folder_, relative), to = aside(relative);
+  if (!make_parents(to, made)) return false;
+  if (keep_in_place && ::link(from.c_str(), to.c_str()) == 0) return true;
+  if (::rename(from.c_str(), to.c_str()) == 0) return true;
+  return fail("cannot replace", from, errno);
+}
+
+// Each staged file goes into place; what it replaces is kept aside first.
 bool output_set::move_into_place(const std::vector<std::string>& files) {
   for (const std::string& f : files) {
     const std::string target = join(folder_, f);
-    std::error_code ec;
-    const fs::path parent = fs::path(target).parent_path();
-    if (!parent.empty()) fs::create_directories(parent, ec);
-    if (ec) return fail("cannot create the folder", parent.string(), ec.value());
-    if (::rename(join(staging_, f).c_str(), target.c_str()) != 0)
-      return fail("cannot replace", target, errno);
+    struct stat st {};
+    const bool had = ::lstat(target.c_str(), &st) == 0;
+    if (!make_parents(target, placed_folders_) || (had && !keep_aside(f, true, placed_folders_)))
+      return false;
+    if (::rename(join(staging_, f).c_str(), target.c_str()) != 0) {
+      const int e = errno;
+      if (had) ::rename(aside(f).c_str(), target.c_str());
+      return fail("cannot replace", target, e);
+    }
+    placed_.push_back({f, had});
   }
   return true;
+}
+
+// Stale files go aside with the files that were replaced.
+bool output_set::remove_stale(const std::vector<std::string>& stale) {
+  for (const std::string& f : stale) {
+    if (!keep_aside(f, false, placed_folders_)) return false;
+    placed_.push_back({f, true});
+  }
+  return true;
+}
+
+// Puts back what the commit changed so far: old files back in one step each, new files without an old
+// one removed, folders it made removed.
+void output_set::undo() {
+  for (auto it = placed_.rbegin(); it != placed_.rend(); ++it) {
+    const std::string target = join(folder_, it->relative);
+    if (it->had)
+      ::rename(aside(it->relative).c_str(), target.c_str());
+    else
+      ::unlink(target.c_str());
+  }
+  placed_.clear();
+  for (auto it = placed_folders_.rbegin(); it != placed_folders_.rend(); ++it) ::rmdir(it->c_str());
+  placed_folders_.clear();
 }
 
 // The renames and removals reach the disk with the folders that hold them.
@@ -158,7 +243,8 @@ bool output_set::sync_folders(const std::vector<std::string>& files) {
 }
 
 // A side file of a replaced shape file that the new result does not have would describe the old data.
-bool output_set::remove_stale(const std::vector<std::string>& files) {
+void output_set::stale_of_families(const std::vector<std::string>& files,
+                                   std::vector<std::string>& stale) const {
   for (size_t k = 0; k < families_.size(); ++k) {
     const fs::path stem = join(folder_, families_[k]);
     const std::string folder = stem.parent_path().empty() ? "." : stem.parent_path().string();
@@ -172,19 +258,40 @@ bool output_set::remove_stale(const std::vector<std::string>& files) {
       const auto& wanted = family_extensions_[k];
       if (std::find(wanted.begin(), wanted.end(), ext) == wanted.end()) continue;
       const std::string relative = join(fs::path(families_[k]).parent_path().string(), entry);
-      if (std::find(files.begin(), files.end(), relative) != files.end()) continue;
-      if (::unlink(e.path().c_str()) != 0 && errno != ENOENT)
-        return fail("cannot remove", e.path().string(), errno);
+      if (std::find(files.begin(), files.end(), relative) == files.end()) stale.push_back(relative);
     }
   }
-  return true;
+}
+
+// The command's files in a replaced folder that the new result does not have would mix two results.
+void output_set::stale_of_folders(const std::vector<std::string>& files,
+                                  std::vector<std::string>& stale) const {
+  const std::string base = folder_.empty() ? "." : folder_;
+  for (const auto& [relative, own] : folders_) {
+    std::error_code ec;
+    for (fs::recursive_directory_iterator it(join(folder_, relative), ec), end; !ec && it != end;
+         it.increment(ec)) {
+      const std::string mine = fs::relative(it->path(), base, ec).string();
+      if (it->is_regular_file(ec) && own(mine) && std::find(files.begin(), files.end(), mine) == files.end())
+        stale.push_back(mine);
+    }
+  }
 }
 
 bool output_set::commit() {
   if (staging_.empty()) return fail("nothing to write in", folder_, EINVAL);
   const std::vector<std::string> files = files_under(staging_);
-  if (!sync_staged(files) || !move_into_place(files) || !remove_stale(files) || !sync_folders(files))
-    return false;
+  std::vector<std::string> stale;
+  stale_of_families(files, stale);
+  stale_of_folders(files, stale);
+  const char* const kept = "; what was there before is as it was";
+  if (!sync_staged(files)) return fail_after(kept);
+  if (!move_into_place(files) || !remove_stale(stale)) {
+    undo();
+    return fail_after(kept);
+  }
+  if (!sync_folders(files))
+    return fail_after("; the new result is in place but may not have reached the disk");
   std::error_code ec;
   fs::remove_all(staging_, ec);
   committed_ = true;

@@ -13,18 +13,26 @@
 //   out.replace_family("roads.shp", vxk::shape_side_extensions());  // stale side files go at commit
 //   if (!out.commit()) return fail(out.error());
 //
-// commit() flushes every staged file to the disk and checks it, renames each into place (each file is
-// replaced atomically; the main files, ".shp", last), removes the members of a replaced family that the
-// new result does not have (a stale ".prj" would describe the wrong system), flushes the folders, and
-// removes the staging folder. A set that is destroyed without a successful commit removes its staging folder
-// and every folder that open() created. Every failure is told by error(): what failed, the path, and the
-// system's reason (strerror).
+// A command that writes a whole tree of its own files ("HYPS/", "FRAME/") claims each top folder with
+// replace_folder(): a folder that holds a file the command did not write is refused before any work is
+// done, and at commit the command's files in it that the new result does not have are removed.
 //
-// Both names given to stage() and replace_family() are relative to the destination folder and may hold
-// subfolders ("HYPS/Hypsa.shp"), which are made in the destination at commit when missing.
+// commit() flushes every staged file to the disk and checks it, renames each into place (each file is
+// replaced atomically; the main files, ".shp", last), takes away the members of a replaced family and
+// the files of a replaced folder that the new result does not have (a stale ".prj" would describe the
+// wrong system), flushes the folders, and removes the staging folder. What it replaces or takes away
+// waits in the staging folder until the end, so that a commit that fails half-way puts every earlier
+// file back. A set that is destroyed without a successful commit removes its staging folder and every
+// folder that open() created. Every failure is told by error(): what failed, the path, and the system's
+// reason (strerror).
+//
+// The names given to stage(), replace_family() and replace_folder() are relative to the destination
+// folder and may hold subfolders ("HYPS/Hypsa.shp"), which are made in the destination at commit when
+// missing. replace_folder() is called after open().
 #pragma once
 
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace vxk {
@@ -39,6 +47,9 @@ const std::vector<std::string>& shape_side_extensions();
 
 class output_set {
  public:
+  // Which files under a replaced folder (paths relative to the destination folder) the command writes.
+  using own_file_rule = bool (*)(const std::string& relative);
+
   output_set() = default;
   ~output_set();
   output_set(const output_set&) = delete;
@@ -56,6 +67,14 @@ class output_set {
   // to case) that the staged set does not hold is removed.
   void replace_family(const std::string& relative, const std::vector<std::string>& extensions);
 
+  // Claims <folder>/<relative> for the set: false, with error() set, when it holds a file that own
+  // does not call the command's (nothing is touched then); at commit, the files there that own calls
+  // the command's and the staged set does not hold are removed.
+  bool replace_folder(const std::string& relative, own_file_rule own);
+
+  // The staging folder, where a library that writes a whole tree is told to write it.
+  const std::string& staging() const { return staging_; }
+
   // Puts the set into place; false, with error() set, when a step fails.
   bool commit();
 
@@ -67,17 +86,31 @@ class output_set {
  private:
   bool make_folder(const std::string& folder);
   bool sync_staged(const std::vector<std::string>& files);
+  std::string aside(const std::string& relative) const;
+  bool make_parents(const std::string& path, std::vector<std::string>& made);
+  bool keep_aside(const std::string& relative, bool keep_in_place, std::vector<std::string>& made);
   bool move_into_place(const std::vector<std::string>& files);
-  bool remove_stale(const std::vector<std::string>& files);
+  bool remove_stale(const std::vector<std::string>& stale);
+  void undo();
   bool sync_folders(const std::vector<std::string>& files);
+  void stale_of_families(const std::vector<std::string>& files, std::vector<std::string>& stale) const;
+  void stale_of_folders(const std::vector<std::string>& files, std::vector<std::string>& stale) const;
   void abandon();
   bool fail(const std::string& what, const std::string& path, int error_number);
+  bool fail_after(const char* outcome);
 
   std::string folder_;                 // as given, "" for the current folder
   std::string staging_;                // the staging folder, "" before open
   std::vector<std::string> created_;   // folders made by open, outermost first
   std::vector<std::string> families_;  // relative paths without extension
   std::vector<std::vector<std::string>> family_extensions_;
+  std::vector<std::pair<std::string, own_file_rule>> folders_;  // claimed by replace_folder
+  struct placed {
+    std::string relative;
+    bool had;  // an earlier file of that name was kept aside
+  };
+  std::vector<placed> placed_;               // what commit changed so far, to undo on failure
+  std::vector<std::string> placed_folders_;  // folders commit made, outermost first
   bool committed_ = false;
   std::string error_;
 };

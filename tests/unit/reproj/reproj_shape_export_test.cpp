@@ -142,8 +142,9 @@ class ReprojShapeExportSafety : public ::testing::Test {
 
 TEST_F(ReprojShapeExportSafety, SourceGivenAsDestinationIsRefused) {
   fs::create_symlink(src, dir / "link.shp");
+  fs::create_hard_link(src, dir / "hard.shp");
   before = vxk_test::snapshot(dir);
-  for (const fs::path& same : {src, dir / "." / "src.shp", dir / "link.shp"}) {
+  for (const fs::path& same : {src, dir / "." / "src.shp", dir / "link.shp", dir / "hard.shp"}) {
     host_reports host;
     EXPECT_FALSE(vx_proj4_shp(src.c_str(), kPulkovo, same.c_str(), kOrtho)) << same;
     EXPECT_FALSE(vx_proj4_shp_w(src.wstring().c_str(), L"+proj=longlat +ellps=krass", same.wstring().c_str(),
@@ -216,6 +217,43 @@ TEST_F(ReprojShapeExportSafety, UnwritableDestinationIsReportedWithTheReason) {
   EXPECT_GT(counts.file_errors, 0u);
   EXPECT_TRUE(host.said("Can't open file: \"/proc/dst.shp\": No such file or directory"));
   expect_source_unchanged();
+}
+
+// A folder that cannot be written: the run is made as a user without privileges, since root writes in
+// any folder whatever its modes.
+TEST(ReprojShapeExportFaults, ReadOnlyFolderIsReportedWithTheReasonAndTheSourceStays) {
+  const fs::path scratch = vxk_test::scratch_dir("reproj_shape_export_read_only");
+  const fs::path root = vxk_test::folder_others_reach(scratch);
+  const auto open_modes = fs::perms::owner_all | fs::perms::group_read | fs::perms::group_exec |
+                          fs::perms::others_read | fs::perms::others_exec;
+  const fs::path src_dir = root / "src", out = root / "out", dst = out / "dst.shp";
+  fs::create_directories(src_dir);
+  fs::create_directories(out);
+  const fs::path src = make_source(src_dir);
+  fs::permissions(root, open_modes);
+  fs::permissions(src_dir, open_modes);
+  for (const auto& e : fs::directory_iterator(src_dir))
+    fs::permissions(e.path(), fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_read |
+                                  fs::perms::others_read);
+  const auto before = vxk_test::snapshot(src_dir);
+  fs::permissions(out, open_modes & ~fs::perms::owner_write);
+  const std::string said = vxk_test::run_unprivileged([&] {
+    host_reports host;
+    vx_proj4_shp_counts counts{};
+    const bool built = vx_proj4_shp_ex(src.c_str(), kPulkovo, dst.c_str(), kOrtho, nullptr, nullptr, &counts);
+    std::string text = std::string(built ? "built" : "not built") + ", file errors " +
+                       std::to_string(counts.file_errors) + "\n";
+    for (const auto& e : host.errors) text += e + "\n";
+    return text;
+  });
+  fs::permissions(out, open_modes);
+  EXPECT_EQ(said.rfind("built, file errors ", 0), 0u) << said;
+  EXPECT_EQ(said.find("file errors 0\n"), std::string::npos) << said;
+  EXPECT_NE(said.find("Can't open file: \"" + dst.string() + "\": Permission denied"), std::string::npos)
+      << said;
+  EXPECT_TRUE(fs::is_empty(out));
+  EXPECT_EQ(vxk_test::snapshot(src_dir), before);
+  if (root != scratch) fs::remove_all(root);
 }
 
 TEST_F(ReprojShapeExportSafety, RefusedProjectionSaysWhichAndWhyInOneSaneLine) {

@@ -56,11 +56,12 @@ def tld(labels):
     return b"VXTL" + struct.pack("<II", 1, len(labels)) + b"".join(record(**l) for l in labels)
 
 
-def vxk(*args, limit_file_size=None):
+def vxk(*args, limit_file_size=None, cwd=None):
     def limits():
         if limit_file_size is not None:
             resource.setrlimit(resource.RLIMIT_FSIZE, (limit_file_size, limit_file_size))
-    return subprocess.run([VXK, "labels", *args], capture_output=True, text=True, preexec_fn=limits)
+    return subprocess.run([os.path.abspath(VXK), "labels", *args], capture_output=True, text=True,
+                          preexec_fn=limits, cwd=cwd)
 
 
 def file_bytes(path):
@@ -130,10 +131,16 @@ def main():
     if os.path.lexists(link):
         os.remove(link)
     os.symlink(inplace, link)
-    for same in (inplace, os.path.join(TMP, ".", "inplace.tld"), link):
-        r = vxk(inplace, same, "--from", SRC, "--to", DST)
-        check(r.returncode == 2 and "is the source" in r.stderr and file_bytes(inplace) == tld(LABELS),
-              f"the source as destination ({os.path.basename(same)}) is refused and left as it was")
+    hard = os.path.join(TMP, "inplace_hard.tld")
+    if os.path.lexists(hard):
+        os.remove(hard)
+    os.link(inplace, hard)
+    for same, cwd in ((inplace, None), (os.path.join(TMP, ".", "inplace.tld"), None), ("./inplace.tld", TMP),
+                      (link, None), (hard, None)):
+        r = vxk(inplace, same, "--from", SRC, "--to", DST, cwd=cwd)
+        check(r.returncode == 2 and "is the source" in r.stderr and "give another destination" in r.stderr
+              and r.stdout == "" and file_bytes(inplace) == tld(LABELS),
+              f"the source as destination ({same}) is refused and left as it was: {r.stderr.strip()}")
 
     # A write that fails leaves the earlier destination as it was, and says why.
     earlier = file_bytes(dst)

@@ -9,6 +9,7 @@ import stat
 import struct
 import subprocess
 import sys
+import tempfile
 import unittest
 
 VXK = os.path.join(os.environ.get("VXK_BIN_DIR", "."), "vxk")
@@ -67,6 +68,16 @@ def snapshot(folder):
                 with open(path, "rb") as f:
                     found[rel] = hashlib.sha256(f.read()).hexdigest()
     return found
+
+
+def reachable_by_others(path):
+    """True when users other than the owner may pass through every folder above path."""
+    path = os.path.abspath(path)
+    while path != "/":
+        path = os.path.dirname(path)
+        if not os.stat(path).st_mode & stat.S_IXOTH:
+            return False
+    return True
 
 
 def records(shp):
@@ -317,6 +328,34 @@ class VxkReprojectKeepsData(unittest.TestCase):
         os.mkdir(self.src[:-4] + ".dbf")
         self.check_not_a_shape_file("cannot copy")
 
+    def test_code_page_that_is_a_folder_fails_the_run(self):
+        os.remove(self.src[:-4] + ".cpg")
+        os.mkdir(self.src[:-4] + ".cpg")
+        self.check_not_a_shape_file("cannot copy")
+
+    def check_damaged_table(self, expected):
+        self.before = snapshot(os.path.dirname(self.src))
+        dst = os.path.join(self.tmp, "out", "roads.shp")
+        run = vxk(self.src, dst, "--from", PULKOVO, "--to", GK7)
+        self.assertEqual(run.returncode, 3, run.stderr)
+        self.assertIn("roads.dbf' is damaged: " + expected, run.stderr)
+        self.assertIn("2000 records written, 0 became null records (could not be transformed); the source "
+                      "table is damaged and was copied as it is", run.stdout)
+        self.assertEqual(records(dst), [1] * 2000)
+        with open(self.src[:-4] + ".dbf", "rb") as a, open(dst[:-4] + ".dbf", "rb") as b:
+            self.assertEqual(a.read(), b.read())
+        self.assert_source_unchanged()
+
+    def test_empty_table_is_reported_as_damaged(self):
+        open(self.src[:-4] + ".dbf", "w").close()
+        self.check_damaged_table("it is empty")
+
+    def test_table_whose_header_counts_too_many_records_is_reported_as_damaged(self):
+        with open(self.src[:-4] + ".dbf", "r+b") as f:
+            f.seek(4)
+            f.write(struct.pack("<I", 1 << 30))
+        self.check_damaged_table(f"its header counts {1 << 30} records of 6 bytes, the file holds 2000")
+
     # ---- write failures: nothing half-written, nothing earlier destroyed
 
     def earlier_result(self):
@@ -344,20 +383,19 @@ class VxkReprojectKeepsData(unittest.TestCase):
         self.assert_source_unchanged()
 
     def test_read_only_folder_fails_with_reason(self):
-        dst, earlier = self.earlier_result()
-        folder = os.path.dirname(dst)
         user = None
         if os.geteuid() == 0:
             # Root writes in any folder whatever its modes, so the run is made as the unprivileged user
-            # "nobody", for whom the folder is read-only. That needs setpriv and a path nobody can reach.
+            # "nobody" (setpriv, of util-linux), for whom the folder is read-only. Nobody must reach the
+            # files: when the test folder lies under one closed to other users (a home folder), the case
+            # runs in a folder of its own under the system's temporary folder.
             if not shutil.which("setpriv"):
                 self.skipTest("running as root without setpriv: a read-only folder does not stop root")
-            path = os.path.abspath(folder)
-            while path != "/":
-                path = os.path.dirname(path)
-                if not os.stat(path).st_mode & stat.S_IXOTH:
-                    self.skipTest(f"running as root, and {path} is closed to other users")
+            if not reachable_by_others(self.tmp):
+                self.move_to_open_folder()
             user = 65534
+        dst, earlier = self.earlier_result()
+        folder = os.path.dirname(dst)
         os.chmod(folder, 0o555)
         try:
             run = vxk(self.src, dst, "--from", PULKOVO, "--to", GK7, as_user=user)
@@ -366,8 +404,22 @@ class VxkReprojectKeepsData(unittest.TestCase):
         self.assertEqual(run.returncode, 1, run.stderr)
         self.assertIn("cannot write in the folder", run.stderr)
         self.assertIn("Permission denied", run.stderr)
+        self.assertEqual(run.stdout, "")
         self.assertEqual(snapshot(folder), earlier)
         self.assert_source_unchanged()
+
+    def move_to_open_folder(self):
+        """The source moves to a new folder under the system's temporary folder, open to other users."""
+        self.tmp = tempfile.mkdtemp(prefix="vxk_read_only_")
+        self.addCleanup(shutil.rmtree, self.tmp, True)
+        os.chmod(self.tmp, 0o755)
+        src_folder = os.path.join(self.tmp, "src")
+        shutil.copytree(os.path.dirname(self.src), src_folder)
+        os.chmod(src_folder, 0o755)
+        for name in os.listdir(src_folder):
+            os.chmod(os.path.join(src_folder, name), 0o644)
+        self.src = os.path.join(src_folder, os.path.basename(self.src))
+        self.before = snapshot(src_folder)
 
     def test_folder_where_nothing_can_be_made_fails_with_reason(self):
         run = vxk(self.src, "/proc/dst.shp", "--from", PULKOVO, "--to", GK7)

@@ -4,10 +4,10 @@
 
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <map>
 #include <string>
 
+#include "fault_injection.h"
 #include "test_paths.h"
 
 namespace {
@@ -18,17 +18,8 @@ void write(const fs::path& p, const std::string& text) {
   std::ofstream(p, std::ios::binary) << text;
 }
 
-std::string read(const fs::path& p) {
-  std::ifstream in(p, std::ios::binary);
-  return std::string(std::istreambuf_iterator<char>(in), {});
-}
-
-std::map<std::string, std::string> contents(const fs::path& folder) {
-  std::map<std::string, std::string> found;
-  for (const auto& e : fs::recursive_directory_iterator(folder))
-    found[fs::relative(e.path(), folder).string()] = e.is_directory() ? "<folder>" : read(e.path());
-  return found;
-}
+using vxk_test::file_bytes;
+using vxk_test::snapshot;
 
 class OutputSet : public ::testing::Test {
  protected:
@@ -47,7 +38,7 @@ TEST_F(OutputSet, NothingIsInPlaceBeforeTheCommit) {
   write(fs::path(staged).replace_extension(".dbf"), "table");
   EXPECT_FALSE(fs::exists(dir / "gk7" / "roads.shp"));
   ASSERT_TRUE(out.commit()) << out.error();
-  EXPECT_EQ(contents(dir / "gk7"),
+  EXPECT_EQ(snapshot(dir / "gk7"),
             (std::map<std::string, std::string>{{"roads.dbf", "table"}, {"roads.shp", "shape"}}));
 }
 
@@ -58,7 +49,7 @@ TEST_F(OutputSet, SetThatIsNotCommittedLeavesNothingAndRemovesTheFoldersItMade) 
     ASSERT_TRUE(out.open((dir / "new" / "deeper").string()));
     write(out.stage("roads.shp"), "half");
   }
-  EXPECT_EQ(contents(dir), (std::map<std::string, std::string>{{"keep.txt", "mine"}}));
+  EXPECT_EQ(snapshot(dir), (std::map<std::string, std::string>{{"keep.txt", "mine"}}));
 }
 
 TEST_F(OutputSet, EarlierResultStaysWhenTheNewOneIsAbandoned) {
@@ -71,7 +62,7 @@ TEST_F(OutputSet, EarlierResultStaysWhenTheNewOneIsAbandoned) {
     write(out.stage("roads.shp"), "new");
     out.replace_family("roads.shp", vxk::shape_side_extensions());
   }
-  EXPECT_EQ(contents(dir / "out"),
+  EXPECT_EQ(snapshot(dir / "out"),
             (std::map<std::string, std::string>{{"roads.prj", "earlier system"}, {"roads.shp", "earlier"}}));
 }
 
@@ -87,7 +78,7 @@ TEST_F(OutputSet, StaleSideFilesOfTheFamilyGoAndOthersStay) {
   write(fs::path(staged).replace_extension(".shx"), "new index");
   out.replace_family("roads.shp", vxk::shape_side_extensions());
   ASSERT_TRUE(out.commit()) << out.error();
-  EXPECT_EQ(contents(dir / "out"), (std::map<std::string, std::string>{{"rivers.prj", "old"},
+  EXPECT_EQ(snapshot(dir / "out"), (std::map<std::string, std::string>{{"rivers.prj", "old"},
                                                                        {"roads.shp", "new shape"},
                                                                        {"roads.shp.xml", "old"},
                                                                        {"roads.shx", "new index"},
@@ -101,9 +92,72 @@ TEST_F(OutputSet, TreesGoIntoPlaceWithTheirFolders) {
   write(out.stage("HYPS/Hypsa.shp"), "a");
   write(out.stage("latlong/FRAME/Frame.shp"), "f");
   ASSERT_TRUE(out.commit()) << out.error();
-  EXPECT_EQ(read(dir / "sheet" / "HYPS" / "Hypsa.shp"), "a");
-  EXPECT_EQ(read(dir / "sheet" / "latlong" / "FRAME" / "Frame.shp"), "f");
-  EXPECT_EQ(contents(dir / "sheet").size(), 5u);  // two files, three folders, no staging folder
+  EXPECT_EQ(file_bytes(dir / "sheet" / "HYPS" / "Hypsa.shp"), "a");
+  EXPECT_EQ(file_bytes(dir / "sheet" / "latlong" / "FRAME" / "Frame.shp"), "f");
+  EXPECT_EQ(snapshot(dir / "sheet").size(), 5u);  // two files, three folders, no staging folder
+}
+
+// A commit that fails half-way (here a file of the new set whose folder is a file at the destination)
+// puts back every file it had already replaced or taken away.
+TEST_F(OutputSet, CommitThatFailsHalfWayPutsEveryEarlierFileBack) {
+  fs::create_directories(dir / "out");
+  for (const char* name : {"roads.dbf", "roads.shp", "roads.prj"}) write(dir / "out" / name, "earlier");
+  write(dir / "out" / "x", "a file in the way");
+  const auto earlier = snapshot(dir / "out");
+  {
+    vxk::output_set out;
+    ASSERT_TRUE(out.open((dir / "out").string()));
+    const std::string staged = out.stage("roads.shp");
+    write(staged, "new");
+    write(fs::path(staged).replace_extension(".dbf"), "new table");
+    write(out.stage("x/late.shp"), "cannot go");
+    out.replace_family("roads.shp", vxk::shape_side_extensions());
+    EXPECT_FALSE(out.commit());
+    EXPECT_EQ(out.error().rfind("cannot replace '" + (dir / "out" / "x" / "late.shp").string() + "': ", 0),
+              0u)
+        << out.error();
+    EXPECT_NE(out.error().find("; what was there before is as it was"), std::string::npos) << out.error();
+    for (const auto& [name, bytes] : earlier) EXPECT_EQ(file_bytes(dir / "out" / name), bytes) << name;
+  }
+  EXPECT_EQ(snapshot(dir / "out"), earlier);
+}
+
+// The sheet generator's folders: its own files are replaced and its stale ones go; a folder that holds a
+// file it did not write is refused before anything is done.
+bool sheet_file(const std::string& relative) {
+  return relative.rfind("HYPS/", 0) == 0 && fs::path(relative).extension() == ".shp";
+}
+
+TEST_F(OutputSet, ReplacedFolderLosesTheCommandsStaleFilesOnly) {
+  fs::create_directories(dir / "sheet" / "HYPS");
+  write(dir / "sheet" / "HYPS" / "Hypsa.shp", "old");
+  write(dir / "sheet" / "HYPS" / "Hypsl.shp", "old");
+  write(dir / "sheet" / "notes.txt", "mine");
+  vxk::output_set out;
+  ASSERT_TRUE(out.open((dir / "sheet").string()));
+  ASSERT_TRUE(out.replace_folder("HYPS", sheet_file)) << out.error();
+  write(out.stage("HYPS/Hypsa.shp"), "new");
+  ASSERT_TRUE(out.commit()) << out.error();
+  EXPECT_EQ(snapshot(dir / "sheet"),
+            (std::map<std::string, std::string>{
+                {"HYPS", "<folder>"}, {"HYPS/Hypsa.shp", "new"}, {"notes.txt", "mine"}}));
+}
+
+TEST_F(OutputSet, FolderWithAForeignFileIsRefused) {
+  fs::create_directories(dir / "sheet" / "HYPS");
+  write(dir / "sheet" / "HYPS" / "Hypsa.shp", "old");
+  write(dir / "sheet" / "HYPS" / "my_notes.txt", "mine");
+  const auto before = snapshot(dir / "sheet");
+  {
+    vxk::output_set out;
+    ASSERT_TRUE(out.open((dir / "sheet").string()));
+    EXPECT_FALSE(out.replace_folder("HYPS", sheet_file));
+    EXPECT_EQ(out.error(), "'" + (dir / "sheet" / "HYPS" / "my_notes.txt").string() +
+                               "' was not written by this command; it is left alone, so the result cannot "
+                               "replace '" +
+                               (dir / "sheet" / "HYPS").string() + "'");
+  }
+  EXPECT_EQ(snapshot(dir / "sheet"), before);
 }
 
 TEST_F(OutputSet, FolderThatIsAFileIsAClearFailure) {
@@ -133,7 +187,7 @@ TEST_F(OutputSet, CurrentFolderIsTheEmptyName) {
     ASSERT_TRUE(out.commit());
   }
   fs::current_path(cwd);
-  EXPECT_EQ(read(dir / "x.shp"), "x");
+  EXPECT_EQ(file_bytes(dir / "x.shp"), "x");
 }
 
 TEST_F(OutputSet, FinalTextShowsThePathsTheResultWillHave) {
