@@ -39,7 +39,7 @@ to="+proj=tmerc +lat_0=0 +lon_0=39 +k=1 +x_0=7500000 +y_0=0 +ellps=krass +towgs8
 now() { date +%s.%N; }
 best() { sort -g | head -n 1; }
 calc() { awk "BEGIN { print $1 }"; }
-verdict() { calc "$1 ? \"met\" : \"MISSED\""; }
+verdict() { calc "($1) ? \"met\" : \"MISSED\""; }
 
 time_library() { "$bench" library "$work/src.shp" "$work/library.shp" "$from" "$to"; }
 time_floor() { "$bench" floor "$work/src.shp" "$work/floor.shp" "$from" "$to"; }
