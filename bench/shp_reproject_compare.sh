@@ -21,26 +21,10 @@
 # usage: bench/shp_reproject_compare.sh [BUILD_DIR [RUNS]]      (default: build-bench 3)
 set -euo pipefail
 cd "$(dirname "$0")/.."
-build=${1:-build-bench}
-runs=${2:-3}
-
-bash scripts/build.sh "$build" -DVXK_BUILD_BENCH=ON -DVXK_BUILD_TESTS=OFF -DCMAKE_BUILD_TYPE=Release \
-  >/dev/null
-bench="$build/bin/bench_shp_reproject"
-vxk="$build/bin/vxk"
-work="$build/bench-shp"
-rm -rf "$work"
-mkdir -p "$work"
-
-from="+proj=longlat +ellps=krass +towgs84=23.92,-141.27,-80.9,0,0.35,0.82,-0.12 +no_defs"
-to="+proj=tmerc +lat_0=0 +lon_0=39 +k=1 +x_0=7500000 +y_0=0 +ellps=krass +towgs84=23.92,-141.27,-80.9,0,0.35,0.82,-0.12 +units=m +no_defs"
+source bench/reproject_common.sh
+bench_setup shp "$@"
 
 "$bench" generate "$work/src.shp" 10000 100
-
-now() { date +%s.%N; }
-best() { sort -g | head -n 1; }
-calc() { awk "BEGIN { print $1 }"; }
-verdict() { calc "($1) ? \"met\" : \"MISSED\""; }
 
 time_library() { "$bench" library "$work/src.shp" "$work/library.shp" "$from" "$to"; }
 time_floor() { "$bench" floor "$work/src.shp" "$work/floor.shp" "$from" "$to"; }
