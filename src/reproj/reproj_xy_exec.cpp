@@ -58,6 +58,7 @@ bool shift_takes_over_pole(const char* src) {
   PJ* pj = proj_create(PJ_DEFAULT_CTX, text_for_proj(src, &unused).c_str());
   if (!pj) return false;
   const PJ_COORD c = proj_trans(pj, PJ_INV, proj_coord(0.0, 95.0 * kDegToRad, 0.0, HUGE_VAL));
+  proj_errno_reset(pj);
   proj_destroy(pj);
   vx::proj_log::take();
   return std::isfinite(c.v[1]) && std::fabs(c.v[1]) < 90.0 * kDegToRad;
@@ -68,13 +69,14 @@ bool shift_takes_over_pole(const char* src) {
 // system; it then keeps each text as one step of its pipeline, and a step that carries "+towgs84"
 // converts every point to geocentric coordinates, applies the shift to WGS 84 (or back) and returns to
 // the ellipsoid. When both systems carry the same ellipsoid and the same shift, the shift out of the
-// source and the shift into the destination cancel, and PROJ would still do all that work, three to
-// four times the cost of the projection itself. So in that case the shift is left out of both texts:
+// source and the shift into the destination cancel, and PROJ would still do all that work, more than
+// the rest of the job together. So in that case the shift is left out of both texts:
 // the pipeline is then the inverse of the source and the destination on their one ellipsoid, the same
 // coordinates to far below a micrometre (to rounding of the geocentric round trip) and the same
 // refusals. Leaving it out of the texts keeps every other part of them, "+lon_wrap" included, and
-// lets PROJ build the pipeline as always; asking PROJ for the operation between the systems' base
-// definitions would lose what it keeps only in the texts, such as "+lon_wrap".
+// lets PROJ build the pipeline as always, from the systems' own definitions; asking PROJ instead for
+// the operation between the systems' base definitions (their datum shift taken off) would depend on how
+// PROJ carries "+lon_wrap", which it keeps only in the texts.
 // One thing the round trip did is kept by hand: it took a latitude beyond a pole over the pole, where
 // the projection alone refuses it. *shift_left_out tells the caller to do the same (fold_over_poles).
 std::pair<std::string, std::string> texts_for_proj(const char* src, const char* dst, bool* src_long_lat,
