@@ -161,9 +161,11 @@ class scheduler {
       ::close(fds[0]);
       child_main(opt_, t, fds[1]);
     }
+    const int fork_errno = errno;
     ::close(fds[1]);
     if (pid < 0) {
       ::close(fds[0]);
+      errno = fork_errno;
       return failed_to_start(t, "cannot start a process");
     }
     child c;
