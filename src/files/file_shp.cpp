@@ -70,6 +70,7 @@ void Tvx_file_shp_exe::reset_state() {
   f_valid = false;
   f_shp_size = f_rec_loaded = f_missing = 0;
   f_rec_damaged = false;
+  f_shp_pos = POS_UNKNOWN;
   f_index->clear();
   f_rec->clear();
 }
@@ -130,6 +131,7 @@ bool Tvx_file_shp_exe::has_shape_header(Tvx_file* file, const std::wstring& path
 // than the index really holds; an index whose header and size disagree is reported as damaged.
 void Tvx_file_shp_exe::read_headers(const std::wstring& index_path) {
   Tvx_bin shp_header;
+  f_shp_pos = POS_UNKNOWN;
   f_shp->seek(0);
   shp_header.load_file_part(f_shp, HEADER_SIZE);
   shp_header.set_offset(24);
@@ -202,6 +204,7 @@ int Tvx_file_shp_exe::save_headers() {
   header.put_data(HEADER_SIZE, f_index->get_buffer_ptr());
   header.set_offset(24);
   header.put_invert_int(static_cast<int32_t>(f_shp_len / 2));
+  f_shp_pos = POS_UNKNOWN;
   header.save_file_all(f_shp);
   f_index->set_offset(HEADER_SIZE);
   return 0;
@@ -291,10 +294,16 @@ bool Tvx_file_shp_exe::load_record(unsigned i) {
   const uint64_t offset = static_cast<uint64_t>(static_cast<uint32_t>(f_index->get_invert_int())) * 2;
   const uint64_t length = static_cast<uint64_t>(static_cast<uint32_t>(f_index->get_invert_int())) * 2 + 8;
   if (offset < HEADER_SIZE || offset >= f_shp_size) return damaged(false);
-  f_shp->seek(static_cast<uint32_t>(offset));
+  // Records read in file order follow each other: the stream already stands there, and a seek would
+  // throw its buffer away. A file open for writing as well is always positioned, so that a read never
+  // follows a write without a seek.
+  if (!f_read_only || f_shp_pos != offset) f_shp->seek(static_cast<uint32_t>(offset));
   const uint64_t available = f_shp_size - offset;
+  const uint32_t failures = f_shp->get_failures();
   f_rec->load_file_part(f_shp, static_cast<uint32_t>(std::min(length, available)));
   f_rec_loaded = f_rec->get_size();
+  const bool read_whole = f_read_only && f_shp->get_failures() == failures;
+  f_shp_pos = read_whole ? offset + f_rec_loaded : POS_UNKNOWN;
   if (length > available) damaged(true);
   return true;
 }
@@ -523,9 +532,13 @@ void Tvx_file_shp_exe::begin_record(uint32_t content_bytes, int type) {
 }
 
 void Tvx_file_shp_exe::end_record(uint32_t content_bytes) {
-  f_shp->seek_from_end(0);
+  // Records are appended one after the other, so after the first the stream already stands at the
+  // end; a seek there would flush the stream's buffer and cost a write and a seek per record.
+  if (f_shp_pos != f_shp_len) f_shp->seek_from_end(0);
+  const uint32_t failures = f_shp->get_failures();
   f_rec->save_file_part(f_shp);
   f_shp_len += content_bytes + 8;
+  f_shp_pos = f_shp->get_failures() == failures ? f_shp_len : POS_UNKNOWN;
   f_shx_len += INDEX_ENTRY_SIZE;
   f_count += 1;
   f_dirty = true;

@@ -145,6 +145,10 @@ class Tvx_file_shp_exe {
   uint32_t f_rec_loaded = 0;
   bool f_rec_damaged = false;
   uint32_t f_missing = 0;
+  // Where the main file's stream stands after the engine's last record read or written, or
+  // POS_UNKNOWN: lets records in file order go without a seek between them.
+  static constexpr uint64_t POS_UNKNOWN = ~uint64_t{0};
+  uint64_t f_shp_pos = POS_UNKNOWN;
 };
 
 // The public handle of a shape file: forwards to its engine.

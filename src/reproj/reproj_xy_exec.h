@@ -3,6 +3,7 @@
 // Two projection texts are normalised through Tvx_proj4_str and turned into a PROJ transformation on
 // PROJ's default context, with the axes put in the order x = easting or longitude, y = northing or
 // latitude. Coordinates of a geographic system are degrees at this class's border in both directions.
+// Two systems on one datum are joined without the datum shift that would cancel (see texts_for_proj).
 #pragma once
 
 #include <proj.h>
@@ -33,6 +34,9 @@ class Tvx_reproj_xy_exec {
   bool apply(unsigned n, double* x, double* y);
   bool apply(Tvx_xy_array* a);
 
+  // PROJ's definition of the pipeline that apply runs; empty before a successful init.
+  std::string get_definition() const;
+
   // The text that init hands to PROJ for this projection; *is_long_lat tells whether it is geographic.
   static std::string verify_pj4str(const char* text, bool* is_long_lat);
 
@@ -41,5 +45,8 @@ class Tvx_reproj_xy_exec {
   PJ* f_pj_norm = nullptr;
   bool f_in_radians = false;
   bool f_out_radians = false;
+  // The source is geographic and the datum shift was left out: latitudes beyond a pole are taken over
+  // it, as the shift's geocentric round trip did.
+  bool f_fold_poles = false;
   std::string f_error;
 };

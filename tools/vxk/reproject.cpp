@@ -11,6 +11,7 @@
 
 #include "command.h"
 #include "report.h"
+#include "reproject.h"
 #include "safe_output.h"
 #include "utf8.h"
 #include "vxk_proj4_shp.h"
@@ -21,6 +22,8 @@ namespace fs = std::filesystem;
 
 const char* const kUsage =
     "usage: vxk reproject SRC.shp DST.shp --from \"PROJ string\" --to \"PROJ string\" [--prj] [--progress]\n"
+    "       vxk reproject SRC... DST_FOLDER --from \"PROJ string\" --to \"PROJ string\" [-j N] [--prj] "
+    "[--progress]\n"
     "\n"
     "Rewrites the shape file SRC.shp (with its .shx) in another coordinate system as DST.shp, record by\n"
     "record in the same order, and copies its .dbf and .cpg beside the result. A record that cannot be\n"
@@ -34,12 +37,19 @@ const char* const kUsage =
     "side files that the new result does not have (a .prj or .dbf of an earlier run, spatial indexes).\n"
     "DST.shp must not be SRC.shp (by any spelling or link).\n"
     "\n"
+    "Folder mode, when there are several sources, a source is a folder, or the destination ends in \"/\":\n"
+    "every shape file given, and every .shp directly in a folder given, is reprojected as above into\n"
+    "DST_FOLDER under its own name, by N processes side by side (-j N, --jobs N; by default as many as the\n"
+    "machine has processors). One progress bar covers the whole job, and one summary line counts files,\n"
+    "records and null records. A file that fails is reported with its reason and the others complete.\n"
+    "\n"
     "options:\n"
     "  --from TEXT   the source coordinate system as a PROJ string (the text, not a file name)\n"
     "  --to TEXT     the destination coordinate system as a PROJ string\n"
     "  --prj         also write DST.prj, the destination system in ESRI WKT\n"
     "  --progress    show the progress bar even when standard error is not a terminal (it is shown on a\n"
-    "                terminal for files of more than 5000 records)\n"
+    "                terminal for files of more than 5000 records, and for every folder-mode run)\n"
+    "  -j N          folder mode: N processes side by side, 1 to 256\n"
     "\n"
     "examples:\n"
     "  # Pulkovo 1942 geographic to Gauss-Kruger zone 7\n"
@@ -53,20 +63,22 @@ const char* const kUsage =
     "      --from \"+proj=utm +zone=37 +datum=WGS84 +units=m +no_defs\" --to \"+proj=longlat +datum=WGS84 "
     "+no_defs\"\n"
     "\n"
+    "  # every shape file of the folder gk7/ back to Pulkovo 1942, two at a time\n"
+    "  vxk reproject gk7 pulkovo/ -j 2 \\\n"
+    "      --from \"+proj=tmerc +lat_0=0 +lon_0=39 +k=1 +x_0=7500000 +y_0=0 +ellps=krass \\\n"
+    "              +towgs84=23.92,-141.27,-80.9,0,0.35,0.82,-0.12 +units=m +no_defs\" \\\n"
+    "      --to \"+proj=longlat +ellps=krass +towgs84=23.92,-141.27,-80.9,0,0.35,0.82,-0.12 +no_defs\"\n"
+    "\n"
     "exit status: 0 done; 1 failed, nothing was written (the transformation cannot be built, the source\n"
     "cannot be read or is not a shape file, a file cannot be written); 2 bad arguments (also a destination\n"
     "that is the source); 3 done, but the source is damaged: the records that could not be read are null\n"
-    "records in the result, a table whose header does not fit its file is copied as it is.\n";
+    "records in the result, a table whose header does not fit its file is copied as it is. In folder\n"
+    "mode: 1 when any file failed, 3 when none failed and a source was damaged.\n";
 
-struct options {
-  std::string src, dst, from, to;
-  bool prj = false;
-  bool progress = false;
-};
-
-constexpr int kFailed = 1;
-constexpr int kBadArguments = 2;
-constexpr int kDamagedSource = 3;
+using vxk::reproject::kBadArguments;
+using vxk::reproject::kDamagedSource;
+using vxk::reproject::kFailed;
+using vxk::reproject::options;
 
 int fail(const std::string& message) {
   std::fprintf(stderr, "vxk reproject: %s\n", message.c_str());
@@ -98,14 +110,48 @@ std::string destination_name(std::string& dst) {
   return {};
 }
 
+// The number of processes of "-j N", "-jN" or "--jobs N"; 0 when the text is not a count from 1 to 256.
+unsigned job_count(const std::string& text) {
+  if (text.empty() || text.size() > 3 || text.find_first_not_of("0123456789") != std::string::npos) return 0;
+  const unsigned n = static_cast<unsigned>(std::stoul(text));
+  return n <= 256 ? n : 0;
+}
+
+// Reads an option that takes a value; gives an error text, empty when it was read.
+std::string parse_value(const std::vector<std::string>& args, std::size_t& i, options& opt) {
+  const std::string& a = args[i];
+  const bool joined = a.size() > 2 && a.compare(0, 2, "-j") == 0;
+  if (!joined && i + 1 >= args.size())
+    return a + (a == "-j" || a == "--jobs" ? " needs a number" : " needs a PROJ string");
+  const std::string value = joined ? a.substr(2) : args[++i];
+  if (a == "--from") opt.from = value;
+  if (a == "--to") opt.to = value;
+  if (a == "--from" || a == "--to") return {};
+  opt.jobs = job_count(value);
+  return opt.jobs ? std::string()
+                  : "-j takes a number of processes from 1 to 256, not '" + vxk::echo(value) + "'";
+}
+
+bool takes_value(const std::string& a) {
+  return a == "--from" || a == "--to" || a == "--jobs" || (a.size() >= 2 && a.compare(0, 2, "-j") == 0);
+}
+
+// Several sources, a source that is a folder, or a destination written as a folder ("out/") ask for
+// the folder mode.
+bool asks_for_folder_mode(const std::vector<std::string>& paths) {
+  std::error_code ec;
+  for (std::size_t i = 0; i + 1 < paths.size(); ++i)
+    if (fs::is_directory(paths[i], ec)) return true;
+  return paths.size() > 2 || (paths.size() == 2 && !paths[1].empty() && paths[1].back() == '/');
+}
+
 // Reads the arguments into `opt`; gives an error text, empty when they are complete.
 std::string parse(const std::vector<std::string>& args, options& opt) {
   std::vector<std::string> paths;
   for (std::size_t i = 0; i < args.size(); ++i) {
     const std::string& a = args[i];
-    if (a == "--from" || a == "--to") {
-      if (i + 1 >= args.size()) return a + " needs a PROJ string";
-      (a == "--from" ? opt.from : opt.to) = args[++i];
+    if (takes_value(a)) {
+      if (std::string err = parse_value(args, i, opt); !err.empty()) return err;
     } else if (a == "--prj") {
       opt.prj = true;
     } else if (a == "--progress") {
@@ -116,10 +162,15 @@ std::string parse(const std::vector<std::string>& args, options& opt) {
       paths.push_back(a);
     }
   }
-  if (paths.size() != 2) return "give one source and one destination shape file";
+  if (paths.size() < 2) return "give a source and a destination";
   if (opt.from.empty() || opt.to.empty()) return "give both --from and --to";
+  opt.folder_mode = asks_for_folder_mode(paths);
+  opt.dst = paths.back();
+  paths.pop_back();
+  opt.sources = paths;
+  while (opt.folder_mode && opt.dst.size() > 1 && opt.dst.back() == '/') opt.dst.pop_back();
+  if (opt.folder_mode) return {};
   opt.src = paths[0];
-  opt.dst = paths[1];
   return destination_name(opt.dst);
 }
 
@@ -189,34 +240,23 @@ std::string check_not_source(const std::string& src, const std::string& dst) {
   return {};
 }
 
-// A progress bar on standard error, redrawn only when the shown percentage changes.
+// The progress bar of one file, ended with a new line when the file is done.
 struct progress_bar {
-  int shown = -1;
+  vxk::reproject::bar bar;
+  bool ended = false;
 
   static void update(uint32_t done, uint32_t total, void* user) {
-    auto* bar = static_cast<progress_bar*>(user);
-    const int percent = total ? static_cast<int>(100.0 * done / total) : 100;
-    if (percent == bar->shown) return;
-    bar->shown = percent;
-    const int width = 40, filled = percent * width / 100;
-    std::fprintf(stderr, "\r[%s%s] %3d%% %u/%u", std::string(filled, '#').c_str(),
-                 std::string(width - filled, ' ').c_str(), percent, done, total);
-    if (done == total) std::fputc('\n', stderr);
-    std::fflush(stderr);
+    auto* p = static_cast<progress_bar*>(user);
+    p->bar.draw(done, total, "");
+    if (done != total || p->ended) return;
+    p->ended = true;
+    std::fputc('\n', stderr);
   }
 };
 
-// The number of records of a shape file, from the length of its index (100 bytes of header, then 8 per
-// record). 0 when the index cannot be read.
-uint32_t record_count(const std::string& shp) {
-  std::error_code ec;
-  const auto size = fs::file_size(fs::path(shp).replace_extension(".shx"), ec);
-  return ec || size < 100 ? 0 : static_cast<uint32_t>((size - 100) / 8);
-}
-
 bool wants_progress_bar(const options& opt) {
   const uint32_t large = 5000;
-  return opt.progress || (isatty(STDERR_FILENO) && record_count(opt.src) > large);
+  return opt.progress || (isatty(STDERR_FILENO) && vxk::reproject::record_count(opt.src) > large);
 }
 
 // Writes the whole text to a new file and checks every step, closing included.
@@ -257,13 +297,12 @@ void print_reports(const vxk::library_reports& reports, const vxk::output_set& o
 }
 
 // The library's run into the staging folder; gives an error text, empty when the result is complete.
-std::string reproject_into(const options& opt, vxk::output_set& out, vx_proj4_shp_counts& counts) {
+std::string reproject_into(const options& opt, vxk::output_set& out, const vxk::reproject::progress& progress,
+                           vx_proj4_shp_counts& counts) {
   const std::string staged = out.stage(fs::path(opt.dst).filename().string());
-  progress_bar bar;
   vxk::library_reports reports;
-  const bool built =
-      vx_proj4_shp_ex(opt.src.c_str(), opt.from.c_str(), staged.c_str(), opt.to.c_str(),
-                      wants_progress_bar(opt) ? &progress_bar::update : nullptr, &bar, &counts);
+  const bool built = vx_proj4_shp_ex(opt.src.c_str(), opt.from.c_str(), staged.c_str(), opt.to.c_str(),
+                                     progress.fn, progress.user, &counts);
   print_reports(reports, out);
   if (!built) return "nothing was written";
   const std::string untouched =
@@ -292,24 +331,38 @@ int run(const std::vector<std::string>& args) {
   }
   options opt;
   if (std::string err = parse(args, opt); !err.empty()) return bad_arguments(err);
-  if (std::string err = check_source(opt.src); !err.empty()) return fail(err);
-  if (std::string err = check_not_source(opt.src, opt.dst); !err.empty()) return refuse(err);
-
-  vxk::output_set out;
-  if (!out.open(fs::path(opt.dst).parent_path().string())) return fail(out.error() + "; nothing was written");
+  if (opt.folder_mode) return vxk::reproject::run_folder(opt);
+  progress_bar bar;
   vx_proj4_shp_counts counts{};
-  if (std::string err = reproject_into(opt, out, counts); !err.empty()) return fail(err);
-  out.replace_family(fs::path(opt.dst).filename().string(), vxk::shape_side_extensions());
-  if (!out.commit()) return fail(out.error());
-  const std::string damage = table_damage(opt.src);
-  if (!damage.empty()) {
-    std::fprintf(stderr, "vxk reproject: the table '%s' is damaged: %s\n",
-                 vxk::echo(fs::path(opt.src).replace_extension(".dbf").string()).c_str(), damage.c_str());
-  }
-  std::printf("%s\n", summary(opt, counts, !damage.empty()).c_str());
-  return counts.unreadable || !damage.empty() ? kDamagedSource : 0;
+  bool table_damaged = false;
+  const int status = vxk::reproject::run_file(
+      opt, {wants_progress_bar(opt) ? &progress_bar::update : nullptr, &bar}, counts, table_damaged);
+  if (status == 0 || status == kDamagedSource)
+    std::printf("%s\n", summary(opt, counts, table_damaged).c_str());
+  return status;
 }
 
 }  // namespace
+
+namespace vxk::reproject {
+
+int run_file(const options& opt, const progress& progress, vx_proj4_shp_counts& counts, bool& table_damaged) {
+  if (std::string err = check_source(opt.src); !err.empty()) return fail(err);
+  if (std::string err = check_not_source(opt.src, opt.dst); !err.empty()) return refuse(err);
+  vxk::output_set out;
+  if (!out.open(fs::path(opt.dst).parent_path().string())) return fail(out.error() + "; nothing was written");
+  if (std::string err = reproject_into(opt, out, progress, counts); !err.empty()) return fail(err);
+  out.replace_family(fs::path(opt.dst).filename().string(), vxk::shape_side_extensions());
+  if (!out.commit()) return fail(out.error());
+  const std::string damage = table_damage(opt.src);
+  table_damaged = !damage.empty();
+  if (table_damaged) {
+    std::fprintf(stderr, "vxk reproject: the table '%s' is damaged: %s\n",
+                 vxk::echo(fs::path(opt.src).replace_extension(".dbf").string()).c_str(), damage.c_str());
+  }
+  return counts.unreadable || table_damaged ? kDamagedSource : 0;
+}
+
+}  // namespace vxk::reproject
 
 VXK_COMMAND("reproject", "reproject a shape file and its table to another coordinate system", run);

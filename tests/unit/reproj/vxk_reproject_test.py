@@ -505,5 +505,130 @@ class VxkReprojectKeepsData(unittest.TestCase):
         self.assert_source_unchanged()
 
 
+class VxkReprojectFolder(unittest.TestCase):
+    """Folder mode: every shape file of a folder (or of several files) into a destination folder, by -j N
+    processes, with one progress bar, one summary line, and a bad file reported while the others
+    complete."""
+
+    def setUp(self):
+        self.tmp = os.path.join(TMP, "folder")
+        shutil.rmtree(self.tmp, ignore_errors=True)
+        self.src = os.path.join(self.tmp, "src")
+        os.makedirs(self.src)
+        for k in range(5):
+            # 40 points each; in "c" one lies outside the orthographic view and becomes a null record
+            points = [(37.0 + 0.01 * i, 55.0 + 0.01 * k) for i in range(40)]
+            if k == 2:
+                points[7] = (-140.0, -50.0)
+            write_points(os.path.join(self.src, "abcde"[k] + ".shp"), points)
+        with open(os.path.join(self.src, "notes.txt"), "w") as f:
+            f.write("not a shape file\n")
+
+    def break_one(self, name="d"):
+        os.remove(os.path.join(self.src, name + ".shx"))
+
+    def test_every_file_of_a_folder_with_one_summary_line(self):
+        dst = os.path.join(self.tmp, "out")
+        run = vxk(self.src, dst, "-j", "2", "--from", PULKOVO, "--to", ORTHO)
+        self.assertEqual(run.returncode, 0, run.stderr)
+        self.assertEqual(run.stdout.count("\n"), 1, run.stdout)
+        self.assertIn("5 files, 5 reprojected, 0 failed; 200 records written, 1 became null records", run.stdout)
+        self.assertEqual(run.stderr, "")
+        names = sorted(os.listdir(dst))
+        self.assertEqual(names, sorted(n + e for n in "abcde" for e in (".dbf", ".shp", ".shx")))
+        self.assertEqual(records(os.path.join(dst, "c.shp")).count(0), 1)
+        self.assertEqual(records(os.path.join(dst, "a.shp")), [1] * 40)
+
+    def test_the_same_files_as_one_by_one(self):
+        dst = os.path.join(self.tmp, "out")
+        run = vxk(self.src, dst, "-j3", "--from", PULKOVO, "--to", GK7)
+        self.assertEqual(run.returncode, 0, run.stderr)
+        for n in "abcde":
+            one = os.path.join(self.tmp, "one", n + ".shp")
+            self.assertEqual(vxk(os.path.join(self.src, n + ".shp"), one, "--from", PULKOVO, "--to", GK7).returncode, 0)
+            for ext in (".shp", ".shx", ".dbf"):
+                with open(one[:-4] + ext, "rb") as a, open(os.path.join(dst, n + ext), "rb") as b:
+                    self.assertEqual(a.read(), b.read(), n + ext)
+
+    def test_a_bad_file_is_reported_and_the_others_complete(self):
+        self.break_one()
+        dst = os.path.join(self.tmp, "out")
+        run = vxk(self.src, dst, "--jobs", "2", "--from", PULKOVO, "--to", GK7)
+        self.assertEqual(run.returncode, 1)
+        self.assertIn("cannot read the source", run.stderr)
+        self.assertIn("d.shx", run.stderr)
+        self.assertIn("5 files, 4 reprojected, 1 failed; 160 records written", run.stdout)
+        for n in "abce":
+            self.assertEqual(records(os.path.join(dst, n + ".shp")), [1] * 40, n)
+        self.assertFalse(os.path.exists(os.path.join(dst, "d.shp")))
+        self.assertEqual([f for f in os.listdir(dst) if f.startswith(".")], [])
+
+    def test_nothing_done_leaves_no_folder_it_created(self):
+        dst = os.path.join(self.tmp, "new", "out")
+        run = vxk(os.path.join(self.src, "a.shp"), os.path.join(self.src, "b.shp"), dst,
+                  "--from", PULKOVO, "--to", "+proj=nonsense")
+        self.assertEqual(run.returncode, 1)
+        self.assertIn("2 files, 0 reprojected, 2 failed", run.stdout)
+        self.assertFalse(os.path.exists(os.path.join(self.tmp, "new")))
+
+    def test_several_files_and_a_folder_written_as_one(self):
+        one = os.path.join(self.tmp, "single")
+        run = vxk(os.path.join(self.src, "a.shp"), one + "/", "--from", PULKOVO, "--to", GK7)
+        self.assertEqual(run.returncode, 0, run.stderr)
+        self.assertIn("1 files, 1 reprojected", run.stdout)
+        self.assertTrue(os.path.exists(os.path.join(one, "a.shp")))
+
+    def test_progress_bar_over_the_whole_job(self):
+        run = vxk(self.src, os.path.join(self.tmp, "out"), "-j", "2", "--progress", "--from", PULKOVO, "--to", GK7)
+        self.assertEqual(run.returncode, 0, run.stderr)
+        self.assertIn("100% 200/200 5/5 files", run.stderr)
+        self.assertTrue(run.stderr.endswith("\n"))
+
+    def test_messages_of_a_bad_file_stand_on_lines_of_their_own(self):
+        self.break_one("b")
+        run = vxk(self.src, os.path.join(self.tmp, "out"), "-j", "2", "--progress", "--from", PULKOVO, "--to", GK7)
+        self.assertEqual(run.returncode, 1)
+        line = [l for l in run.stderr.split("\n") if "b.shx" in l][0]
+        self.assertTrue(line.split("\r")[-1].strip().startswith("vxk reproject: cannot read the source"), line)
+
+    def test_the_source_folder_as_destination_is_refused(self):
+        before = snapshot(self.src)
+        run = vxk(self.src, self.src, "-j", "2", "--from", PULKOVO, "--to", GK7)
+        self.assertEqual(run.returncode, 2)
+        self.assertIn("is the source", run.stderr)
+        self.assertEqual(snapshot(self.src), before)
+
+    def test_two_sources_of_one_name_are_refused(self):
+        other = os.path.join(self.tmp, "other")
+        os.makedirs(other)
+        write_points(os.path.join(other, "A.shp"), [(37.5, 55.7)])
+        run = vxk(self.src, other, os.path.join(self.tmp, "out"), "--from", PULKOVO, "--to", GK7)
+        self.assertEqual(run.returncode, 2)
+        self.assertIn("two sources are named", run.stderr)
+        self.assertFalse(os.path.exists(os.path.join(self.tmp, "out")))
+
+    def test_bad_counts_of_processes_are_refused(self):
+        for jobs in (["-j", "0"], ["-j", "x"], ["-j"], ["--jobs", "1000"], ["-j-1"]):
+            run = vxk(self.src, os.path.join(self.tmp, "out"), "--from", PULKOVO, "--to", GK7, *jobs)
+            self.assertEqual(run.returncode, 2, jobs)
+            self.assertIn("usage:", run.stderr)
+
+    def test_a_folder_without_shape_files_is_refused(self):
+        empty = os.path.join(self.tmp, "empty")
+        os.makedirs(empty)
+        run = vxk(empty, os.path.join(self.tmp, "out"), "--from", PULKOVO, "--to", GK7)
+        self.assertEqual(run.returncode, 2)
+        self.assertIn("no shape file", run.stderr)
+
+    def test_results_read_by_ogrinfo(self):
+        if not shutil.which("ogrinfo"):
+            self.skipTest("ogrinfo is not installed")
+        dst = os.path.join(self.tmp, "out")
+        self.assertEqual(vxk(self.src, dst, "-j", "2", "--from", PULKOVO, "--to", GK7).returncode, 0)
+        for n in "abcde":
+            info = subprocess.run(["ogrinfo", "-so", "-al", os.path.join(dst, n + ".shp")], capture_output=True, text=True)
+            self.assertIn("Feature Count: 40", info.stdout, n)
+
+
 if __name__ == "__main__":
     unittest.main(argv=[sys.argv[0], "-v"])
