@@ -1,0 +1,55 @@
+// vxk reproject: one shape file, or many at once (reproject_folder.cpp).
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "vxk_proj4_shp.h"
+
+namespace vxk::reproject {
+
+constexpr int kFailed = 1;
+constexpr int kBadArguments = 2;
+constexpr int kDamagedSource = 3;
+
+struct options {
+  std::string src, dst, from, to;
+  bool prj = false;
+  bool progress = false;
+  // Folder mode: the sources as given (files and folders), dst the destination folder.
+  bool folder_mode = false;
+  std::vector<std::string> sources;
+  unsigned jobs = 0;  // 0: as many as the machine has processors
+};
+
+// Where the library reports its progress through one file.
+struct progress {
+  vx_proj4_shp_progress_t fn = nullptr;
+  void* user = nullptr;
+};
+
+// Reprojects opt.src into opt.dst with the safe output of the program: reasons on standard error, the
+// result put into place only when complete. The exit status of the command (0, kFailed, kBadArguments,
+// kDamagedSource); counts tells what the library did, table_damaged whether the source's table is
+// damaged (it is then copied as it is, and the status is kDamagedSource).
+int run_file(const options& opt, const progress& progress, vx_proj4_shp_counts& counts, bool& table_damaged);
+
+// Every shape file of opt.sources into the folder opt.dst, opt.jobs processes side by side, with one
+// progress bar and one summary line. The exit status: kFailed when any file failed.
+int run_folder(const options& opt);
+
+// The number of records of a shape file, from the length of its index (100 bytes of header, then 8 per
+// record). 0 when the index cannot be read.
+std::uint32_t record_count(const std::string& shp);
+
+// A progress bar on standard error, redrawn only when the shown percentage or the note changes.
+struct bar {
+  int shown = -1;
+  std::string note;
+  void draw(std::uint64_t done, std::uint64_t total, const std::string& note_after);
+  // Clears the bar's line, so that a message can take it; the next draw redraws the bar.
+  void hide();
+};
+
+}  // namespace vxk::reproject
