@@ -1,7 +1,6 @@
 // Fuzz target of the dBASE table reader: the input is the table file. Every field of the first
 // records is read in every form, then written in every form and the records moved, so that the
 // write-back path runs too.
-#include <unistd.h>
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
@@ -9,28 +8,9 @@
 #include <string>
 
 #include "files/file_dbf.h"
+#include "scratch.h"
 
 namespace {
-
-std::string g_folder;
-
-// The scratch folder goes when the process ends.
-void remove_scratch_folder() {
-  for (const char* name : {"f.dbf", "f.0", "f.1"}) std::remove((g_folder + "/" + name).c_str());
-  rmdir(g_folder.c_str());
-}
-
-const std::string& scratch_folder() {
-  static const std::string folder = [] {
-    char name[] = "/tmp/vxk_fuzz_dbf_XXXXXX";
-    const char* made = mkdtemp(name);
-    if (!made) return std::string("/tmp");
-    g_folder = made;
-    std::atexit(remove_scratch_folder);
-    return g_folder;
-  }();
-  return folder;
-}
 
 void read_fields(Tvx_file_dbf& dbf) {
   for (uint32_t i = 0; i <= dbf.get_np(); ++i) {
@@ -54,11 +34,8 @@ void write_fields(Tvx_file_dbf& dbf) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-  const std::string path = scratch_folder() + "/f.dbf";
-  if (FILE* f = std::fopen(path.c_str(), "wb")) {
-    if (size) std::fwrite(data, 1, size, f);
-    std::fclose(f);
-  }
+  const std::string path = vxk_fuzz::scratch_folder("dbf") + "/f.dbf";
+  vxk_fuzz::write_file(path, data, size);
   Tvx_file_dbf dbf;
   if (dbf.open(path.c_str(), false) != 0) return 0;
   uint32_t index = 0;

@@ -1,42 +1,13 @@
 // Fuzz target of the shape file reader. The input is a .shp/.shx pair: the first four bytes
 // (little-endian) give the length of the .shp part, the .shx is the rest.
-#include <unistd.h>
 #include <cstddef>
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
 #include <string>
 
 #include "files/file_shp.h"
+#include "scratch.h"
 
 namespace {
-
-std::string g_folder;
-
-// The scratch folder goes when the process ends.
-void remove_scratch_folder() {
-  for (const char* name : {"f.shp", "f.shx"}) std::remove((g_folder + "/" + name).c_str());
-  rmdir(g_folder.c_str());
-}
-
-const std::string& scratch_folder() {
-  static const std::string folder = [] {
-    char name[] = "/tmp/vxk_fuzz_shp_XXXXXX";
-    const char* made = mkdtemp(name);
-    if (!made) return std::string("/tmp");
-    g_folder = made;
-    std::atexit(remove_scratch_folder);
-    return g_folder;
-  }();
-  return folder;
-}
-
-void write_file(const std::string& path, const uint8_t* data, size_t size) {
-  if (FILE* f = std::fopen(path.c_str(), "wb")) {
-    if (size) std::fwrite(data, 1, size, f);
-    std::fclose(f);
-  }
-}
 
 void read_record(Tvx_file_shp& shp, unsigned i) {
   switch (shp.get_obj_type(i)) {
@@ -88,9 +59,9 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   if (size < 4) return 0;
   const size_t split =
       (data[0] | data[1] << 8 | data[2] << 16 | static_cast<size_t>(data[3]) << 24) % (size - 3);
-  const std::string shp_path = scratch_folder() + "/f.shp";
-  write_file(shp_path, data + 4, split);
-  write_file(scratch_folder() + "/f.shx", data + 4 + split, size - 4 - split);
+  const std::string shp_path = vxk_fuzz::scratch_folder("shp") + "/f.shp";
+  vxk_fuzz::write_file(shp_path, data + 4, split);
+  vxk_fuzz::write_file(vxk_fuzz::scratch_folder("shp") + "/f.shx", data + 4 + split, size - 4 - split);
   Tvx_file_shp shp;
   shp.open(shp_path.c_str(), true);
   (void)shp.get_rect2d();

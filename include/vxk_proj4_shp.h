@@ -415,6 +415,56 @@ VX_API bool vx_dbf_set_str(void* table, int column, int record, const char* text
 VX_API void vx_dbf_close(void* table);
 
 /* ===================================================================================================
+ * Shape file reader
+ * =================================================================================================== */
+
+/* @section reader */
+
+/* A shape file open for reading with its table: the .shp, its index .shx (through which every record
+ * is reached) and, when one stands beside it, the .dbf of the same name. For hosts that draw or check
+ * what the library wrote (the vxk program draws generated sheets with it); any shape file can be read.
+ *
+ * A damaged file is read as far as it holds together and never beyond: the record count is what the
+ * index holds, a record's parts and vertices are cut to what the record holds, the row count of the
+ * table to what its file can hold; a null record, or one that the index places outside the file, has
+ * no parts, and a value that the file does not hold is empty.
+ *
+ * Values are decoded by the code page that the .cpg beside the table names: "UTF-8", or a Windows code
+ * page by its number ("1251"), also after "CP", "WINDOWS-" or "ANSI " ("CP1251" is GDAL's form).
+ * Without a .cpg, or with another text in it, by Windows-1251, the code page of the library's tables. */
+typedef struct Tvx_shp_reader Tvx_shp_reader;
+
+/* Opens the shape file (the path of its .shp) with its index, and its table when there is one. Null when
+ * the .shp or the .shx cannot be opened, or when memory runs out. */
+VX_API Tvx_shp_reader* vx_shp_reader_open_w(const wchar_t* path);
+/* Closes the files and releases the handle (null is allowed). */
+VX_API void vx_shp_reader_close(Tvx_shp_reader* reader);
+/* The shape type of the file's header, a code of the ESRI format (VX_SHP_POINT, VX_SHP_POLYLINE,
+ * VX_SHP_POLYGON, 8 multipoint, 11 to 18 with z, 31 multipatch); the measured types give their plain
+ * types (21 gives 1). */
+VX_API int vx_shp_reader_get_type(const Tvx_shp_reader* reader);
+/* The number of records. */
+VX_API uint32_t vx_shp_reader_get_count(const Tvx_shp_reader* reader);
+/* Reads the record (counted from 0) and gives its number of parts: 1 for a point (one vertex) and for a
+ * multipoint (all its points), the parts of a polyline, a polygon (its rings as stored) or a multipatch;
+ * 0 for a null record, a record out of range or one that cannot be read. Only x and y are kept. The
+ * record replaces the one read before. */
+VX_API uint32_t vx_shp_reader_read(Tvx_shp_reader* reader, uint32_t record);
+/* Copies a part of the record read last into the point vector, replacing its content; false, with the
+ * vector emptied, for a part that the record does not have. */
+VX_API bool vx_shp_reader_get_part(const Tvx_shp_reader* reader, uint32_t part, Tvx_pp2d* vector);
+/* The table: its rows (0 without a table) and columns, a column's name (empty out of range) and the
+ * column of a name (compared without regard to case and surrounding blanks; -1 when there is none). */
+VX_API uint32_t vx_shp_reader_get_row_count(const Tvx_shp_reader* reader);
+VX_API uint32_t vx_shp_reader_get_column_count(const Tvx_shp_reader* reader);
+VX_API const wchar_t* vx_shp_reader_get_column_name(Tvx_shp_reader* reader, uint32_t column);
+VX_API int32_t vx_shp_reader_find_column(Tvx_shp_reader* reader, const wchar_t* name);
+/* A value as text, rows and columns counted from 0: the field's characters without the blanks at both
+ * ends (a number as it is written in the file, such as "400901" or "-1"); empty for a row or column
+ * out of range. Never null; the text stays valid until the next call on the reader. */
+VX_API const wchar_t* vx_shp_reader_get_value(Tvx_shp_reader* reader, uint32_t row, uint32_t column);
+
+/* ===================================================================================================
  * Projection files and the batch reprojector
  * =================================================================================================== */
 

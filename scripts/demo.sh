@@ -1,9 +1,11 @@
 #!/usr/bin/env bash
-# Shows the library at work on bundled defaults: scripts/demo.sh BUILD_DIR
-# Every line below goes through the vxk program, which uses only the library's public header.
+# Shows the library at work on bundled defaults: scripts/demo.sh BUILD_DIR [OUT_DIR]
+# Every line below goes through the vxk program, which uses only the library's public header. The files
+# it writes (a generated sheet, its picture, a reprojected sample) go to OUT_DIR, by default BUILD_DIR/demo.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 vxk="${1:-build}/bin/vxk"
+demo="${2:-${1:-build}/demo}"
 
 show() {
   echo "\$ vxk sheet $*"
@@ -33,3 +35,22 @@ echo "== Lists of legal values of every level"
 echo
 echo "\$ vxk sheet --lists"
 "$vxk" sheet --lists
+
+echo
+echo "== A sheet generated and drawn"
+echo
+echo "\$ vxk generate N-37-VI --out $demo/N-37-VI"
+"$vxk" generate N-37-VI --out "$demo/N-37-VI"
+echo
+echo "\$ vxk render $demo/N-37-VI --out $demo/N-37-VI.png"
+"$vxk" render "$demo/N-37-VI" --out "$demo/N-37-VI.png"
+echo
+echo "Open $demo/N-37-VI.png to see the sheet."
+
+echo
+echo "== A bundled sample reprojected: the countries of the world from WGS 84 degrees to Robinson"
+echo
+wgs84="+proj=longlat +datum=WGS84 +no_defs"
+robinson="+proj=robin +lon_0=0 +datum=WGS84 +units=m +no_defs"
+echo "\$ vxk reproject data/samples/world.shp $demo/robinson/world.shp --prj --from \"$wgs84\" --to \"$robinson\""
+"$vxk" reproject data/samples/world.shp "$demo/robinson/world.shp" --prj --from "$wgs84" --to "$robinson"

@@ -8,6 +8,7 @@ set -euo pipefail
 packages=(
   build-essential cmake ninja-build pkg-config python3 binutils
   libproj-dev proj-data proj-bin
+  libcairo2-dev fonts-liberation  # vxk render: cairo draws, Liberation Serif stands in for Times New Roman
   libgtest-dev libgmock-dev libbenchmark-dev
   libgeos-dev  # benchmarks only: the planar algorithms are timed beside GEOS
   gdal-bin python3-gdal python3-numpy

@@ -11,6 +11,7 @@
 
 #include "command.h"
 #include "designation.h"
+#include "generate_many.h"
 #include "safe_output.h"
 #include "utf8.h"
 #include "vxk_proj4_shp.h"
@@ -24,6 +25,8 @@ using vxk::failure;
 const char* const kUsage =
     "usage: vxk generate DESIGNATION --out DIR [--south] [--scene PROJ|latlong] [--lon-divs M,A] [--lat-divs "
     "M,A]\n"
+    "       vxk generate DESIGNATION... | --from-file FILE | --children SHEET  --out DIR [-j N] [the options "
+    "above]\n"
     "       vxk generate --box XMIN XMAX YMIN YMAX --steps DX DY --out DIR [--scene PROJ|latlong]\n"
     "\n"
     "Writes the shape files that draw one map sheet at 1:1,000,000 or 1:200,000, or a free box of\n"
@@ -38,6 +41,11 @@ const char* const kUsage =
     "The four folders are written in a temporary folder inside DIR and moved into DIR only when everything\n"
     "was written; a failed run leaves nothing behind. Folders of the same names in DIR are replaced when\n"
     "they hold only files that vxk generate writes; otherwise the command refuses.\n"
+    "\n"
+    "Many sheets: with several designations, --from-file or --children, each sheet is written into a folder\n"
+    "of its own under DIR, named by its designation as the library prints it (DIR/N-37-VI), by a vxk\n"
+    "process of its own; -j N runs N of them side by side. A progress bar shows on a terminal; elsewhere a\n"
+    "line for each sheet. A sheet that fails is reported and the others still complete.\n"
     "\n"
     "DESIGNATION is the sheet as `vxk sheet` prints it: N-37 or N-37-VI, joined sheets as N-37,38 (double)\n"
     "or N-37-VI,38-I,II (triple). Case and surrounding blanks do not matter, nor letters that look alike in\n"
@@ -57,6 +65,10 @@ const char* const kUsage =
     "                     every 10' (--lon-divs 6,6 per joined sheet, --lat-divs 4,6); at 1:200,000 lines\n"
     "                     every 20' with marks every minute (--lon-divs 3,20 per joined sheet,\n"
     "                     --lat-divs 2,20)\n"
+    "  --from-file FILE   designations, one a line (blank lines and lines that begin with # are left\n"
+    "                     out); - reads them from standard input\n"
+    "  --children SHEET   the 36 1:200,000 sheets (I to XXXVI) of a 1:1,000,000 sheet, such as N-37\n"
+    "  -j N, --jobs N     sheets generated side by side, 1 to 64 (default 1)\n"
     "  --box XMIN XMAX YMIN YMAX, --steps DX DY\n"
     "                     a free box instead of a sheet, with main lines at multiples of DX and DY degrees\n"
     "                     (marks at whole degrees of the steps from the box's edge; none for a step below "
@@ -67,9 +79,11 @@ const char* const kUsage =
     "  vxk generate n-37 --out /tmp/n37 --scene latlong\n"
     "  vxk generate --box 30 36 50 54 --steps 1 1 --out /tmp/box\n"
     "  vxk generate N-37-VI --out /tmp/s --scene \"+proj=utm +zone=37 +datum=WGS84 +units=m +no_defs\"\n"
+    "  vxk generate --children N-37 --out /tmp/n37 -j 2\n"
+    "  vxk generate N-37-V N-37-VI N-37-VII --out /tmp/row\n"
     "\n"
-    "exit status: 0 done, 1 the sheet, projection or parameters were refused or a file failed, 2 bad "
-    "arguments.\n";
+    "exit status: 0 done, 1 the sheet, projection or parameters were refused or a file failed (for many\n"
+    "sheets: any of them), 2 bad arguments.\n";
 
 struct usage_error {
   std::string message;
@@ -77,6 +91,8 @@ struct usage_error {
 
 struct options {
   std::string designation;
+  vxk::many_sheets many;  // several sheets, each into a folder of its own
+  bool batch = false;
   std::string out;
   std::string scene;
   bool south = false;
@@ -113,6 +129,22 @@ const std::string& value(const std::vector<std::string>& args, size_t& i, const 
   return args[++i];
 }
 
+unsigned jobs_of(const std::string& text) {
+  char* end = nullptr;
+  const long n = std::strtol(text.c_str(), &end, 10);
+  if (text.empty() || *end || n < 1 || n > 64)
+    throw usage_error{"-j takes a number from 1 to 64, not '" + text + "'"};
+  return static_cast<unsigned>(n);
+}
+
+// Many sheets: the options that each sheet's own run takes are passed on to it.
+void finish_batch(options& o, std::vector<std::string>& free) {
+  if (o.box) throw usage_error{"--box draws one box; it takes no designations, --from-file or --children"};
+  o.many.designations = free;
+  o.many.south = o.south;
+  o.many.out = o.out;
+}
+
 options parse(const std::vector<std::string>& args) {
   options o;
   std::vector<std::string> free;
@@ -124,12 +156,24 @@ options parse(const std::vector<std::string>& args) {
       o.out = value(args, i, a);
     } else if (a == "--scene") {
       o.scene = value(args, i, a);
+      o.many.sheet_options.insert(o.many.sheet_options.end(), {a, o.scene});
     } else if (a == "--south") {
       o.south = true;
+      o.many.sheet_options.push_back(a);
     } else if (a == "--lon-divs") {
       divisions_of(value(args, i, a), "--lon-divs", o.lon_divs);
+      o.many.sheet_options.insert(o.many.sheet_options.end(), {a, args[i]});
     } else if (a == "--lat-divs") {
       divisions_of(value(args, i, a), "--lat-divs", o.lat_divs);
+      o.many.sheet_options.insert(o.many.sheet_options.end(), {a, args[i]});
+    } else if (a == "--from-file") {
+      o.many.from_file = value(args, i, a);
+    } else if (a == "--children") {
+      o.many.children = value(args, i, a);
+    } else if (a == "-j" || a == "--jobs") {
+      o.many.jobs = jobs_of(value(args, i, a));
+    } else if (a.size() > 2 && a.rfind("-j", 0) == 0 && a[2] != '-') {
+      o.many.jobs = jobs_of(a.substr(2));
     } else if (a == "--box") {
       o.box = true;
       for (double& b : o.bounds) b = number_of(value(args, i, a), "--box");
@@ -143,15 +187,19 @@ options parse(const std::vector<std::string>& args) {
   }
   if (o.help) return o;
   if (o.out.empty()) throw usage_error{"give the destination folder with --out DIR"};
-  if (o.box) {
+  o.batch = free.size() > 1 || !o.many.from_file.empty() || !o.many.children.empty();
+  if (o.batch) {
+    finish_batch(o, free);
+  } else if (o.box) {
     if (!free.empty()) throw usage_error{"--box takes no designation"};
     if (o.steps[0] == 0 && o.steps[1] == 0) throw usage_error{"--box needs --steps DX DY"};
     if (o.lon_divs[0] || o.lat_divs[0] || o.south)
       throw usage_error{"--lon-divs, --lat-divs and --south are for sheets"};
   } else if (free.size() != 1) {
-    throw usage_error{"give one designation, or --box (see 'vxk generate --help')"};
+    throw usage_error{
+        "give a designation, several, --from-file, --children, or --box (see 'vxk generate --help')"};
   }
-  if (!o.box) o.designation = free[0];
+  if (!o.box && !o.batch) o.designation = free[0];
   return o;
 }
 
@@ -355,7 +403,7 @@ int generate_command(const std::vector<std::string>& args) {
       std::fputs(kUsage, stdout);
       return 0;
     }
-    return run(o);
+    return o.batch ? vxk::generate_many(o.many) : run(o);
   } catch (const usage_error& e) {
     std::fprintf(stderr, "vxk generate: %s\n\n%s", e.message.c_str(), kUsage);
     return 2;

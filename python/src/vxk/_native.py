@@ -57,6 +57,10 @@ class Tvx_shp_basic(Structure):
     """A shape file open for writing."""
 
 
+class Tvx_shp_reader(Structure):
+    """A shape file open for reading, with its table."""
+
+
 class Tvx_stdlist_params(Structure):
     """The generation parameters of a standard sheet."""
 
@@ -147,6 +151,7 @@ TLD = POINTER(Tvx_tld_file)
 PV = POINTER(Tvx_pp2d)
 OV = POINTER(Tvx_op2d)
 SHP = POINTER(Tvx_shp_basic)
+READER = POINTER(Tvx_shp_reader)
 PARAMS = POINTER(Tvx_stdlist_params)
 CUSTOM = POINTER(Tvx_stdlist_custom_params)
 
@@ -277,6 +282,19 @@ DECLARATIONS: Dict[str, Dict[str, Signature]] = {
         "vx_dbf_set_int": (c_bool, [c_void_p, c_int, c_int, c_int32]),
         "vx_dbf_set_str": (c_bool, [c_void_p, c_int, c_int, c_char_p]),
         "vx_dbf_close": (None, [c_void_p]),
+    },
+    "reader": {
+        "vx_shp_reader_open_w": (READER, [c_wchar_p]),
+        "vx_shp_reader_close": (None, [READER]),
+        "vx_shp_reader_get_type": (c_int, [READER]),
+        "vx_shp_reader_get_count": (c_uint32, [READER]),
+        "vx_shp_reader_read": (c_uint32, [READER, c_uint32]),
+        "vx_shp_reader_get_part": (c_bool, [READER, c_uint32, PV]),
+        "vx_shp_reader_get_row_count": (c_uint32, [READER]),
+        "vx_shp_reader_get_column_count": (c_uint32, [READER]),
+        "vx_shp_reader_get_column_name": (c_wchar_p, [READER, c_uint32]),
+        "vx_shp_reader_find_column": (c_int32, [READER, c_wchar_p]),
+        "vx_shp_reader_get_value": (c_wchar_p, [READER, c_uint32, c_uint32]),
     },
     "proj-services": {
         "vx_pj4_is_longlat_w": (c_bool, [c_wchar_p]),

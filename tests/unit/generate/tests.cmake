@@ -13,3 +13,20 @@ set_tests_properties(generate.gdal_check PROPERTIES ENVIRONMENT "${VXK_TEST_ENV}
 add_test(NAME generate.vxk_generate
   COMMAND ${VXK_GDAL_PYTHON} ${CMAKE_CURRENT_LIST_DIR}/vxk_generate_test.py)
 set_tests_properties(generate.vxk_generate PROPERTIES ENVIRONMENT "${VXK_TEST_ENV}")
+
+# vxk render as a user runs it: pictures of generated sets and of a complete set that GDAL wrote, read
+# back with GDAL (PNG) and an XML parser (SVG).
+add_test(NAME generate.vxk_render
+  COMMAND ${VXK_GDAL_PYTHON} ${CMAKE_CURRENT_LIST_DIR}/vxk_render_test.py)
+set_tests_properties(generate.vxk_render PROPERTIES ENVIRONMENT "${VXK_TEST_ENV}")
+
+# vxk generate for many sheets at once: folders by designation, a failing sheet among good ones.
+add_test(NAME generate.vxk_generate_many
+  COMMAND ${VXK_GDAL_PYTHON} ${CMAKE_CURRENT_LIST_DIR}/vxk_generate_many_test.py)
+set_tests_properties(generate.vxk_generate_many PROPERTIES ENVIRONMENT "${VXK_TEST_ENV}")
+
+# The README's run command (scripts/demo.sh): its picture read with GDAL, its reprojected sample against
+# ogr2ogr.
+add_test(NAME generate.demo
+  COMMAND ${VXK_GDAL_PYTHON} ${CMAKE_CURRENT_LIST_DIR}/demo_test.py ${CMAKE_BINARY_DIR})
+set_tests_properties(generate.demo PROPERTIES ENVIRONMENT "${VXK_TEST_ENV}")

@@ -139,7 +139,7 @@ def check_refusals():
 
 
 def check_usage():
-    for args in (["N-37"], ["--out"], ["N-37", "N-38", "--out", "x"], ["--box", "1", "2", "--out", "x"],
+    for args in (["N-37"], ["--out"], ["N-37", "N-38", "--box", "1", "2", "3", "4", "--steps", "1", "1", "--out", "x"], ["--box", "1", "2", "--out", "x"],
                  ["N-37", "--out", "x", "--lon-divs", "6"], ["N-37", "--out", "x", "--bogus"]):
         rc, _, err = run(*args)
         expect(rc == 2, f"{args}: exit {rc}, expected 2: {err}")
