@@ -4,11 +4,12 @@
 For each sheet, generated in its Gauss-Kruger zone on Pulkovo 1942 and again with a geographic scene:
   - the latlong "Hypsa.shp" has one record, the sheet's geographic box to 1e-7 degree (the corners
     worked out here from the designation's rules), and the table ID 1, L_CODE -1, NAME the designation;
-  - ogrinfo opens both "Hypsa.shp" without an error or a warning;
+  - the set holds "Hypsa.shp", "Hypsl.shp" and "Frame.shp" in both folders, and ogrinfo opens every
+    shape file of both sets without an error or a warning;
   - the scene "Hypsa.shp" reprojected by ogr2ogr to the geographic system agrees with the latlong copy
     vertex by vertex to 1e-7 degree;
-  - the scene .prj is the same system as GDAL's own ESRI rendering of the scene PROJ string (osr
-    IsSame), and the latlong .prj is Pulkovo 1942 (EPSG 4284).
+  - the .prj of every scene file is the same system as GDAL's own ESRI rendering of the scene PROJ
+    string (osr IsSame), and that of every latlong file is Pulkovo 1942 (EPSG 4284).
 Longitudes are compared modulo 360: every reprojection of the library wraps longitudes around the
 meridian 45 (to -135 up to 225), so the sheets of column 1 come back at 180 to 186 degrees east, which
 is the same place.
@@ -118,10 +119,27 @@ def ring(path):
 
 
 def check_ogrinfo(path, problems):
-    run = subprocess.run(["ogrinfo", "-ro", "-al", path], capture_output=True, text=True)
+    run = subprocess.run(["ogrinfo", "-ro", "-al", path], capture_output=True, text=True, errors="replace")
     text = run.stdout + run.stderr
     if run.returncode != 0 or "Warning" in text or "ERROR" in text:
         problems.append(f"ogrinfo {path}: exit {run.returncode}\n{run.stderr}")
+
+
+SET = ["HYPS/Hypsa.shp", "HYPS/Hypsl.shp", "FRAME/Frame.shp"]
+
+
+def shape_files(out):
+    """The shape files of both sets, as paths under out."""
+    found = []
+    for folder in ("HYPS", "FRAME", "latlong/HYPS", "latlong/FRAME"):
+        found += sorted(os.path.join(folder, n) for n in os.listdir(os.path.join(out, folder)) if n.endswith(".shp"))
+    return found
+
+
+def check_files(out, problems):
+    expected = sorted(SET + ["latlong/" + p for p in SET])
+    if sorted(shape_files(out)) != expected:
+        problems.append(f"{out}: shape files {shape_files(out)}, expected {expected}")
 
 
 def check_latlong(sheet, out, problems):
@@ -144,10 +162,19 @@ def check_latlong(sheet, out, problems):
     values = (f.GetField("ID"), f.GetField("L_CODE"), f.GetField("NAME"))
     if values != (1, -1, sheet.name()):
         problems.append(f"{path}: values {values}, expected (1, -1, {sheet.name()!r})")
+
+
+def check_latlong_prj(out, problems):
     pulkovo = osr.SpatialReference()
     pulkovo.ImportFromEPSG(4284)
-    if not layer.GetSpatialRef().IsSame(pulkovo, ["IGNORE_DATA_AXIS_TO_SRS_AXIS_MAPPING=YES"]):
-        problems.append(f"{path}: the .prj is not Pulkovo 1942")
+    for rel in shape_files(out):
+        if not rel.startswith("latlong/"):
+            continue
+        path = os.path.join(out, rel)
+        ds = ogr.Open(path)
+        got = ds.GetLayer().GetSpatialRef()
+        if got is None or not got.IsSame(pulkovo, ["IGNORE_DATA_AXIS_TO_SRS_AXIS_MAPPING=YES"]):
+            problems.append(f"{path}: the .prj is not Pulkovo 1942")
 
 
 def check_back_projection(scene, out, problems):
@@ -167,15 +194,18 @@ def check_back_projection(scene, out, problems):
 
 
 def check_scene_prj(scene, out, problems):
-    path = os.path.join(out, "HYPS/Hypsa.shp")
     expected = osr.SpatialReference()
     expected.ImportFromProj4(scene)
     esri = osr.SpatialReference()
     esri.SetFromUserInput(expected.ExportToWkt(["FORMAT=WKT1_ESRI"]))
-    ds = ogr.Open(path)  # the layer lives as long as its data source
-    got = ds.GetLayer().GetSpatialRef()
-    if got is None or not got.IsSame(esri):
-        problems.append(f"{path}: the .prj is not the scene's system {scene}")
+    for rel in shape_files(out):
+        if rel.startswith("latlong/"):
+            continue
+        path = os.path.join(out, rel)
+        ds = ogr.Open(path)  # the layer lives as long as its data source
+        got = ds.GetLayer().GetSpatialRef()
+        if got is None or not got.IsSame(esri):
+            problems.append(f"{path}: the .prj is not the scene's system {scene}")
 
 
 def self_test(root):
@@ -204,9 +234,11 @@ def main():
             if not generate(tool, sheet, scene, out):
                 problems.append(f"{sheet.name()} in {scene}: the generator answered false")
                 continue
-            for path in ("HYPS/Hypsa.shp", "latlong/HYPS/Hypsa.shp"):
+            check_files(out, problems)
+            for path in shape_files(out):
                 check_ogrinfo(os.path.join(out, path), problems)
             check_latlong(sheet, out, problems)
+            check_latlong_prj(out, problems)
             check_back_projection(scene, out, problems)
             check_scene_prj(scene, out, problems)
         print(f"{sheet.name()}: checked")
