@@ -45,8 +45,11 @@ def area(path):
     return ds, layer, f
 
 
+SET = ("HYPS/Hypsa", "HYPS/Hypsl", "FRAME/Frame")
+
+
 def check_set(out, name, box, scene_is_geographic=False):
-    for rel in ("HYPS/Hypsa", "latlong/HYPS/Hypsa"):
+    for rel in SET + tuple("latlong/" + r for r in SET):
         for ext in (".shp", ".shx", ".dbf", ".prj", ".pj4", ".cpg"):
             expect(os.path.exists(os.path.join(out, rel + ext)), f"{out}: no {rel}{ext}")
         with open(os.path.join(out, rel + ".cpg")) as f:
@@ -68,8 +71,10 @@ def check_sheets():
     out = fresh("n37vi")
     rc, stdout, err = run("N-37-VI", "--out", out)
     expect(rc == 0, f"N-37-VI: exit {rc}: {err}")
-    expect("HYPS/Hypsa.shp" in stdout and "latlong/HYPS/Hypsa.shp" in stdout and "written to" in stdout,
-           f"N-37-VI: output {stdout!r}")
+    for listed in ("HYPS/Hypsa.shp             1 record", "HYPS/Hypsl.shp             4 records",
+                   "FRAME/Frame.shp            2 records", "latlong/HYPS/Hypsl.shp     4 records",
+                   "latlong/FRAME/Frame.shp    2 records", "written to"):
+        expect(listed in stdout, f"N-37-VI: {listed!r} not in the output {stdout!r}")
     expect("+lon_0=39" in stdout and "+x_0=7500000" in stdout, f"N-37-VI: not zone 7: {stdout!r}")
     check_set(out, "N-37-VI", (41, 42, 56 - 2 / 3, 56))
 
@@ -146,6 +151,9 @@ def check_usage():
     rc, stdout, _ = run("--help")
     expect(rc == 0 and "--lon-divs M,A" in stdout and "every 10'" in stdout and "--scene" in stdout,
            f"--help: {stdout!r}")
+    for words in ("HYPS/Hypsa.shp", "HYPS/Hypsl.shp", "FRAME/Frame.shp", "GRAD", "INDICATION", "400013",
+                  "400903"):
+        expect(words in stdout, f"--help does not describe {words!r}")
 
 
 def check_replacing():
