@@ -63,6 +63,11 @@ TEST(Frames, AMillionSheetHasFiveRingsWithTheirCodes) {
   EXPECT_EQ(lines[0], points(ring));
   vx_pv_d2_destroy(ring);
   EXPECT_TRUE(same(lines[0].front(), lines[0].back()));
+  const size_t rows = static_cast<size_t>(g.iy_max - g.iy_min + 1);
+  const size_t columns = static_cast<size_t>(g.ix_max - g.ix_min + 1);
+  EXPECT_TRUE(same(lines[0][rows - 1], lines[0][rows]));                              // north-west
+  EXPECT_TRUE(same(lines[0][rows + columns - 1], lines[0][rows + columns]));          // north-east
+  EXPECT_TRUE(same(lines[0][2 * rows + columns - 1], lines[0][2 * rows + columns]));  // south-east
   // the others: the four corners and the closing repeat besides the shifted vertices
   for (size_t k = 1; k < 5; ++k) {
     EXPECT_EQ(lines[k].size(), lines[0].size() + 5) << k;

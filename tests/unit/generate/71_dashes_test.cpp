@@ -228,6 +228,25 @@ TEST(Dashes, WithoutInnerMeridiansOnlyTheFourCornerLabels) {
                   "dashes_merid_none");
 }
 
+// A corner's latitude is the sheet's as get_list_ymin works it out from the designation (and
+// get_list_ymax adds the height to the box's south edge); its longitude is the box's own.
+TEST(Dashes, CornerLabelsTakeTheLatitudeFromTheDesignationAndTheLongitudeFromTheBox) {
+  const auto s = vxk_test::sheet(14, 37);
+  auto p = vxk_test::sheet_params(s, vxk_test::output_dir("dashes_corner_values"), vxk_test::GK7, 1, 1, 1, 1);
+  sheet_probe g(p);
+  g.init_grid();
+  g.ymin = 10.0;
+  g.xmin = 30.0;
+  const auto [lines, t] = labels(g.framedig_path, [&](Tvx_shp_basic* shp, void* dbf) {
+    g.draw_two_paral_dashes(shp, dbf);
+    g.draw_merid_dash(shp, dbf);
+  });
+  ASSERT_EQ(t.rows.size(), 12u);
+  EXPECT_EQ(t.at(0, "TEXT"), deg(52));           // left bottom: from the designation, not the box's 10
+  EXPECT_EQ(t.at(2, "TEXT"), deg(14));           // left top: 10 + 4
+  EXPECT_EQ(t.at(9, "TEXT"), deg(30) + " 00'");  // left top meridian: the box's west edge
+}
+
 TEST(Dashes, ASouthernSheetShowsMagnitudesAndABoxItsSign) {
   const auto s = vxk_test::sheet(1, 37, 0, VX_STDLIST_TP_SGL, VX_STDLIST_SOUTH);  // -4 to 0
   auto p = vxk_test::sheet_params(s, vxk_test::output_dir("dashes_south"), vxk_test::GK7, 6, 6, 2, 6);
