@@ -26,10 +26,6 @@ std::vector<std::string> column(const vxk_test::table& t, const std::string& nam
   return out;
 }
 
-bool same(Tvx_vtx_d2 a, Tvx_vtx_d2 b) {
-  return a.x == b.x && a.y == b.y;
-}
-
 // The lattice line of column ix from row y0 to y1, or of row iy from column x0 to x1.
 template <typename G>
 line column_line(const G& g, int ix) {
@@ -43,14 +39,6 @@ line row_line(const G& g, int iy) {
   line l;
   for (auto i = g.ix_min; i <= g.ix_max; ++i) l.push_back(g.grid.get_vtx(static_cast<int>(i), iy));
   return l;
-}
-
-bool same_line(const line& a, const line& b) {
-  if (a.size() != b.size()) return false;
-  for (size_t i = 0; i < a.size(); ++i) {
-    if (!same(a[i], b[i])) return false;
-  }
-  return true;
 }
 
 TEST(GraticuleLines, N37MeridiansThenParallelsThenTheRectangleOnTheLattice) {
@@ -76,12 +64,12 @@ TEST(GraticuleLines, N37MeridiansThenParallelsThenTheRectangleOnTheLattice) {
   for (int r = 0; r < 5; ++r) {
     EXPECT_EQ(t.at(r, "TEXT"), cp1251("Меридиан"));
     EXPECT_EQ(t.at(r, "INDICATION"), cp1251("в.д."));
-    EXPECT_TRUE(same_line(lines[r], column_line(g, g.grid.find_x(37.0 + r)))) << r;
+    EXPECT_EQ(lines[r], column_line(g, g.grid.find_x(37.0 + r))) << r;
   }
   for (int r = 5; r < 8; ++r) {
     EXPECT_EQ(t.at(r, "TEXT"), cp1251("Параллель"));
     EXPECT_EQ(t.at(r, "INDICATION"), cp1251("с.ш."));
-    EXPECT_TRUE(same_line(lines[r], row_line(g, g.grid.find_y(53.0 + r - 5)))) << r;
+    EXPECT_EQ(lines[r], row_line(g, g.grid.find_y(53.0 + r - 5))) << r;
   }
   EXPECT_EQ(t.at(8, "TEXT"), cp1251("Рамка"));
   EXPECT_EQ(t.at(8, "INDICATION"), "");
@@ -102,19 +90,17 @@ TEST(GraticuleLines, TheRectangleRunsClockwiseWithItsFarCornersTwice) {
   const size_t rows = static_cast<size_t>(g.iy_max - g.iy_min + 1);
   const size_t columns = static_cast<size_t>(g.ix_max - g.ix_min + 1);
   ASSERT_EQ(rect.size(), 2 * rows + 2 * columns);
-  EXPECT_TRUE(same(rect.front(), rect.back()));
+  EXPECT_EQ(rect.front(), rect.back());
   const Tvx_vtx_d2 sw = g.grid.get_vtx(static_cast<int>(g.ix_min), static_cast<int>(g.iy_min));
-  EXPECT_TRUE(same(rect.front(), sw));
-  EXPECT_TRUE(same(rect[rows - 1], rect[rows]));                              // north-west
-  EXPECT_TRUE(same(rect[rows + columns - 1], rect[rows + columns]));          // north-east
-  EXPECT_TRUE(same(rect[2 * rows + columns - 1], rect[2 * rows + columns]));  // south-east
-  EXPECT_GT(rect[rows].y, rect[0].y);                                         // up the west side first
-  line ring;
+  EXPECT_EQ(rect.front(), sw);
+  EXPECT_EQ(rect[rows - 1], rect[rows]);                              // north-west
+  EXPECT_EQ(rect[rows + columns - 1], rect[rows + columns]);          // north-east
+  EXPECT_EQ(rect[2 * rows + columns - 1], rect[2 * rows + columns]);  // south-east
+  EXPECT_GT(rect[rows].y, rect[0].y);                                 // up the west side first
   Tvx_pp2d* part = vx_pv_d2_create();
   g.add_box_ring(part);
-  for (uint32_t i = 0; i < vx_pv_d2_get_size(part); ++i) ring.push_back(vx_pv_d2_get_vtx(part, i));
-  vx_pv_d2_destroy(part);
-  EXPECT_TRUE(same_line(rect, ring));  // the area's ring, as a line
+  EXPECT_EQ(rect, vxk_test::points(part));
+  vx_pv_d2_destroy(part);  // the area's ring, as a line
 }
 
 TEST(GraticuleLines, ADivisionBelowTwoGivesNoLinesInThatDirection) {
@@ -146,7 +132,7 @@ TEST(GraticuleLines, APolarSheetHasTheCircleAndItsTableOneRecordShort) {
   EXPECT_EQ(t.at(8, "GRAD"), cp1251("66°"));
   EXPECT_EQ(t.at(8, "MIN"), "33.64'");
   EXPECT_EQ(t.at(8, "INDICATION"), cp1251("с.ш."));
-  EXPECT_TRUE(same_line(lines[8], row_line(g, g.grid.find_y(POLAR))));
+  EXPECT_EQ(lines[8], row_line(g, g.grid.find_y(POLAR)));
   EXPECT_EQ(lines[9].size(), lines[0].size() * 2 + lines[8].size() * 2);  // the rectangle
 }
 

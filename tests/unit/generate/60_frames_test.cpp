@@ -17,13 +17,10 @@ namespace traits = vx::stdlist::traits;
 using vx::stdlist::base_generate;
 using vx::stdlist::custom_params;
 using vxk_test::line;
+using vxk_test::points;
 using vxk_test::sheet_probe;
 using vxk_test::written_lines;
 using vxk_test::written_table;
-
-bool same(Tvx_vtx_d2 a, Tvx_vtx_d2 b) {
-  return a.x == b.x && a.y == b.y;
-}
 
 double apart(Tvx_vtx_d2 a, Tvx_vtx_d2 b) {
   return std::hypot(a.x - b.x, a.y - b.y);
@@ -37,12 +34,6 @@ std::vector<std::string> codes(const std::wstring& shp) {
     out.push_back(t.at(r, "L_CODE"));
   }
   return out;
-}
-
-line points(const Tvx_pp2d* pv) {
-  line l;
-  for (uint32_t i = 0; i < vx_pv_d2_get_size(pv); ++i) l.push_back(vx_pv_d2_get_vtx(pv, i));
-  return l;
 }
 
 TEST(Frames, AMillionSheetHasFiveRingsWithTheirCodes) {
@@ -62,16 +53,16 @@ TEST(Frames, AMillionSheetHasFiveRingsWithTheirCodes) {
   g.add_box_ring(ring);
   EXPECT_EQ(lines[0], points(ring));
   vx_pv_d2_destroy(ring);
-  EXPECT_TRUE(same(lines[0].front(), lines[0].back()));
+  EXPECT_EQ(lines[0].front(), lines[0].back());
   const size_t rows = static_cast<size_t>(g.iy_max - g.iy_min + 1);
   const size_t columns = static_cast<size_t>(g.ix_max - g.ix_min + 1);
-  EXPECT_TRUE(same(lines[0][rows - 1], lines[0][rows]));                              // north-west
-  EXPECT_TRUE(same(lines[0][rows + columns - 1], lines[0][rows + columns]));          // north-east
-  EXPECT_TRUE(same(lines[0][2 * rows + columns - 1], lines[0][2 * rows + columns]));  // south-east
+  EXPECT_EQ(lines[0][rows - 1], lines[0][rows]);                              // north-west
+  EXPECT_EQ(lines[0][rows + columns - 1], lines[0][rows + columns]);          // north-east
+  EXPECT_EQ(lines[0][2 * rows + columns - 1], lines[0][2 * rows + columns]);  // south-east
   // the others: the four corners and the closing repeat besides the shifted vertices
   for (size_t k = 1; k < 5; ++k) {
     EXPECT_EQ(lines[k].size(), lines[0].size() + 5) << k;
-    EXPECT_TRUE(same(lines[k].front(), lines[k].back())) << k;
+    EXPECT_EQ(lines[k].front(), lines[k].back()) << k;
   }
 }
 
@@ -91,7 +82,7 @@ TEST(Frames, ARingFollowsTheEdgeAtItsMarginAlongTheLattice) {
     const line& l = lines[k + 1];
     const double m = margins[k];
     for (int j = 0; j < rows; ++j) {
-      EXPECT_TRUE(same(l[1 + j], g.grid.calc_vtx_x(x0, y0 + j, -m)));
+      EXPECT_EQ(l[1 + j], g.grid.calc_vtx_x(x0, y0 + j, -m));
       EXPECT_NEAR(apart(l[1 + j], g.grid.get_vtx(x0, y0 + j)), m, 1e-6);
       EXPECT_NEAR(apart(l[rows + columns + 3 + j], g.grid.get_vtx(x1, y1 - j)), m, 1e-6);
     }
@@ -105,13 +96,13 @@ TEST(Frames, ARingFollowsTheEdgeAtItsMarginAlongTheLattice) {
     // the corners, in order south-west, north-west, north-east, south-east, and south-west again
     Tvx_vtx_d2 c{};
     ASSERT_TRUE(g.generate_corner(-m, -m, c));
-    EXPECT_TRUE(same(l[0], c));
+    EXPECT_EQ(l[0], c);
     ASSERT_TRUE(g.generate_corner(-m, m, c));
-    EXPECT_TRUE(same(l[rows + 1], c));
+    EXPECT_EQ(l[rows + 1], c);
     ASSERT_TRUE(g.generate_corner(m, m, c));
-    EXPECT_TRUE(same(l[rows + columns + 2], c));
+    EXPECT_EQ(l[rows + columns + 2], c);
     ASSERT_TRUE(g.generate_corner(m, -m, c));
-    EXPECT_TRUE(same(l[2 * rows + columns + 3], c));
+    EXPECT_EQ(l[2 * rows + columns + 3], c);
   }
 }
 
@@ -170,7 +161,7 @@ TEST(Frames, ACornerWithoutCrossingIsWrittenAtTheOrigin) {
   vx_shp_file_close(shp);
   const line l = written_lines(g.frame_path).at(0);
   ASSERT_EQ(l.size(), 9u);
-  for (const Tvx_vtx_d2& v : l) EXPECT_TRUE(same(v, Tvx_vtx_d2{0.0, 0.0}));
+  for (const Tvx_vtx_d2& v : l) EXPECT_EQ(v, (Tvx_vtx_d2{0.0, 0.0}));
 }
 
 TEST(Frames, DrawingWithoutFilesIsFalse) {

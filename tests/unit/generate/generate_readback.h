@@ -26,6 +26,13 @@ namespace vxk_test {
 
 using line = std::vector<Tvx_vtx_d2>;
 
+// The vertices of a point vector.
+inline line points(const Tvx_pp2d* pv) {
+  line l;
+  for (uint32_t i = 0; i < vx_pv_d2_get_size(pv); ++i) l.push_back(vx_pv_d2_get_vtx(pv, i));
+  return l;
+}
+
 // The first part of every polyline record.
 inline std::vector<line> written_lines(const std::wstring& shp_path) {
   Tvx_file_shp shp;
