@@ -11,8 +11,14 @@
 //   30  area: "Hypsa.shp" in "HYPS\", and the two projection files beside every shape file
 //   35  degree texts: a coordinate as the degrees, minutes and seconds of labels and attributes
 //   40  graticule lines: "Hypsl.shp" in "HYPS\", the meridians, parallels, polar circle and rectangle
-//   60  frames: "Frame.shp" in "FRAME\", the nested frames round the sheet
-//   71  dashes: the short base lines of the coordinate labels round the frame
+//   45  graticule points: "Hypsp.shp" in "HYPS\", a mesh of points with their coordinates (a standard
+//       sheet only)
+//   50  adjacent frame: "FrameAdj.shp" in "FRAME\", the neighbours' names in the outer frame of a
+//       1:200,000 sheet, and the pieces of that frame round them
+//   60  frames: "Frame.shp" in "FRAME\", the nested frames round the sheet (65 the minute marks
+//       drawn into the same file)
+//   70  frame digits: "FrameDig.shp" in "FRAME\", the coordinate labels round the frame (71 their
+//       dashes, the short base lines the labels stand on)
 //   90  reprojection back: the latlong copies of the scene set
 #pragma once
 
@@ -91,6 +97,10 @@ class base_generate {
   // The attributes of a meridian (or a parallel) at the value, in the record given.
   bool set_hypsl_dbf_vals(void* dbf, double value, unsigned long long record, bool meridian);
 
+  // Graticule points, "Hypsp.shp": the mesh of pivot positions over the box, each point with its
+  // latitude and longitude to the second.
+  bool generate_hyps_p();
+
   // Frames, "Frame.shp": closed lines at the margins of the scale outside the sheet's edge, each vertex
   // shifted from the edge's lattice vertex along its row or column, the corners found by crossing the
   // shifted sides. Margins are in the scene's units (metres, or degrees in a geographic scene).
@@ -118,6 +128,23 @@ class base_generate {
   void draw_frame_corner_y_incr(Tvx_pp2d* pv, int from, int to, int ix, double d) const;
   void draw_frame_corner_x_decr(Tvx_pp2d* pv, int from, int to, int iy, double d) const;
   void draw_frame_corner_y_decr(Tvx_pp2d* pv, int from, int to, int ix, double d) const;
+
+  // Minute marks, drawn into "Frame.shp" after the frames: ticks across a band outside the edge at
+  // every mark, and bars along its middle over every second interval. Each gives up at the first line
+  // that cannot be added.
+  bool generate_min_scale_marks(Tvx_shp_basic* shp, void* dbf);
+  bool generate_min_scale_marks_200(Tvx_shp_basic* shp, void* dbf);
+  // At each mark a tick from `from` to `to` beyond the near side and then the far side (x: bottom, top;
+  // y: left, right).
+  bool short_dashes(Tvx_shp_basic* shp, void* dbf, std::vector<double> marks, double from, double to,
+                    bool is_x);
+  // A bar at `offset` beyond each side from mark 2k to mark 2k + 1.
+  bool long_dashes(Tvx_shp_basic* shp, void* dbf, std::vector<double> marks, double offset, bool is_x);
+  // At each position a tick from the edge's vertex out to `length`.
+  bool special_200_dashes(Tvx_shp_basic* shp, void* dbf, std::vector<double> marks, double length, bool is_x);
+
+  // Frame digits, "FrameDig.shp": the parallels' labels, then the meridians'.
+  bool generate_frame_dig();
 
   // Dashes: the base lines of the coordinate labels in the frame band, each with its label record in a
   // table of labels. For every parallel a dash for the degrees above it and one for the minutes below
@@ -203,8 +230,6 @@ class base_generate {
   bool scene_wkt_made = false;
 
   void init_paths(std::wstring directory);
-  // The broken outer frame has pieces to join (the adjacent frame has filled them).
-  bool outer_frame_pieces_filled();
   // The corners of a frame at the margin: south-west, north-west, north-east, south-east.
   std::array<Tvx_vtx_d2, 4> frame_corners(double margin) const;
   // The two dashes of a parallel at the lattice vertex, `offset` out along its row: the first starts on
@@ -216,6 +241,11 @@ class base_generate {
   // left of the outward direction to d2 on its right.
   std::vector<Tvx_vtx_d2> merid_dash(int ix, int iy, double offset, double d1, double d2) const;
   const std::wstring& scene_esri();
+  // One mark line with its record of the frame table.
+  bool add_mark(Tvx_shp_basic* shp, void* dbf, Tvx_vtx_d2 a, Tvx_vtx_d2 b);
+  // The point d beyond the edge on the lattice line of the mark: below or above the sheet for x, left
+  // or right of it for y.
+  Tvx_vtx_d2 beyond_edge(double mark, bool is_x, bool far_side, double d) const;
   std::array<Tvx_pp2d**, 8> frame_pieces();
   void destroy_frame_pieces();
 };
@@ -245,6 +275,15 @@ class stdlist_generate : public base_generate {
   bool reproj_back() override;
 
   std::wstring get_list_name() const;
+
+  // The frame of the adjacent sheets, "FrameAdj.shp" (1:200,000 only, before the frames): the four
+  // neighbours' names on the middle stretches of the outer frame's sides, left, right, top, bottom.
+  bool generate_frame_adj();
+  bool draw_adj_dashes(Tvx_shp_basic* shp, void* dbf);
+  // The middle stretches into the arguments, the outer pieces into the generator's eight pieces.
+  void cut_sides_into_three_pieces(Tvx_pp2d* left, Tvx_pp2d* right, Tvx_pp2d* top, Tvx_pp2d* bottom);
+  // Appends the record of a neighbour's name: class code 400911, the text, the font and its size.
+  void set_adj_dbf_vals(void* dbf, const std::wstring& text);
 
  protected:
   stdlist_params sprm;

@@ -58,11 +58,17 @@ bool base_generate::generate_frame() {
   files.table = vx_dbf_create_w(traits::dbf_path(frame_path).c_str(), COLUMN_COUNT, 0, fields, 0);
   if (!files.table) return false;
   generate_frames(files.shp, files.table);
+  // The marks go by the scale alone (a free box is marked as a 1:1,000,000 sheet); a mark that cannot
+  // be written ends the marks, but the step answers what its projection files answer.
+  const Tvx_stdlist_scale scale = prm.get_scale();
+  if (scale == VX_STDLIST_SC_MLN) generate_min_scale_marks(files.shp, files.table);
+  if (scale == VX_STDLIST_SC_200) generate_min_scale_marks_200(files.shp, files.table);
   return crt_proj_scn(frame_path);
 }
 
 // At 1:200,000 the margins 0 and 1 are not drawn: no line stands on the sheet's edge in this file. The
-// broken outer frame is drawn once its pieces are there to join.
+// broken outer frame joins the pieces that the adjacent frame has left; without them it holds only its
+// four corners.
 bool base_generate::generate_frames(Tvx_shp_basic* shp, void* table) {
   const Tvx_stdlist_scale scale = prm.get_scale();
   const double m0 = traits::frame0_margin(scale, latlong);
@@ -79,16 +85,9 @@ bool base_generate::generate_frames(Tvx_shp_basic* shp, void* table) {
   } else if (scale == VX_STDLIST_SC_200) {
     draw_frame(shp, table, m2, CODE_OUTER);
     draw_frame(shp, table, m3, CODE_MIDDLE);
-    if (outer_frame_pieces_filled()) draw_frame200(shp, table, CODE_OUTER);
+    draw_frame200(shp, table, CODE_OUTER);
   }
   return true;
-}
-
-bool base_generate::outer_frame_pieces_filled() {
-  for (Tvx_pp2d** piece : frame_pieces()) {
-    if (vx_pv_d2_get_size(*piece) != 0) return true;
-  }
-  return false;
 }
 
 // Both forms run clockwise from the south-west and end where they began. On the lattice each corner

@@ -26,12 +26,13 @@ double apart(Tvx_vtx_d2 a, Tvx_vtx_d2 b) {
   return std::hypot(a.x - b.x, a.y - b.y);
 }
 
-std::vector<std::string> codes(const std::wstring& shp) {
+// The codes of the frame lines, the first n records: the minute marks follow them in the file.
+std::vector<std::string> codes(const std::wstring& shp, size_t n) {
   const auto t = written_table(shp);
   std::vector<std::string> out;
   for (size_t r = 0; r < t.rows.size(); ++r) {
     EXPECT_EQ(t.at(r, "ID"), std::to_string(r + 1));
-    out.push_back(t.at(r, "L_CODE"));
+    if (r < n) out.push_back(t.at(r, "L_CODE"));
   }
   return out;
 }
@@ -42,12 +43,12 @@ TEST(Frames, AMillionSheetHasFiveRingsWithTheirCodes) {
   sheet_probe g(p);
   g.init_grid();
   ASSERT_TRUE(g.generate_frame());
-  EXPECT_EQ(codes(g.frame_path),
+  EXPECT_EQ(codes(g.frame_path, 5),
             (std::vector<std::string>{"400901", "400901", "400903", "400902", "400903"}));
   const auto t = written_table(g.frame_path);
   EXPECT_EQ(t.columns, (std::vector<std::string>{"ID", "L_CODE"}));
   const auto lines = written_lines(g.frame_path);
-  ASSERT_EQ(lines.size(), 5u);
+  ASSERT_GE(lines.size(), 5u);
   // the first on the lattice, as the area's ring: closed, each corner twice
   Tvx_pp2d* ring = vx_pv_d2_create();
   g.add_box_ring(ring);
@@ -180,7 +181,7 @@ TEST(Frames, OneDivisionEachWayStillGivesFiveRingsOverThePivots) {
   g.init_grid();
   ASSERT_TRUE(g.generate_frame());
   const auto lines = written_lines(g.frame_path);
-  ASSERT_EQ(lines.size(), 5u);
+  ASSERT_GE(lines.size(), 5u);
   // 25 pivot positions per axis and nothing else inside the box: 25 vertices a side
   EXPECT_EQ(g.ix_max - g.ix_min + 1, 25);
   EXPECT_EQ(lines[0].size(), 4u * 25u);
@@ -195,7 +196,7 @@ TEST(Frames, AGeographicSceneTakesTheMarginsInDegrees) {
   ASSERT_TRUE(g.latlong);
   ASSERT_TRUE(g.generate_frame());
   const auto lines = written_lines(g.frame_path);
-  ASSERT_EQ(lines.size(), 5u);
+  ASSERT_GE(lines.size(), 5u);
   const double degrees[] = {0.008983000569721857, 0.06737250427291393, 0.07635550484263579,
                             0.08533850541235764};
   for (int k = 0; k < 4; ++k) {
@@ -206,18 +207,23 @@ TEST(Frames, AGeographicSceneTakesTheMarginsInDegrees) {
   }
 }
 
-TEST(Frames, A200kSheetHasNoLineOnItsEdgeAndNoOuterFrameWithoutItsPieces) {
+TEST(Frames, A200kSheetHasNoLineOnItsEdgeAndWithoutItsPiecesOnlyTheOuterFramesCorners) {
   const auto s = vxk_test::sheet(14, 37, 6);
   auto p = vxk_test::sheet_params(s, vxk_test::output_dir("frame_200k"), vxk_test::GK7, 3, 20, 2, 20);
   sheet_probe g(p);
   g.init_grid();
   ASSERT_TRUE(g.generate_frame());
-  EXPECT_EQ(codes(g.frame_path), (std::vector<std::string>{"400903", "400902"}));
+  EXPECT_EQ(codes(g.frame_path, 6),
+            (std::vector<std::string>{"400903", "400902", "400903", "400903", "400903", "400903"}));
   const auto lines = written_lines(g.frame_path);
-  ASSERT_EQ(lines.size(), 2u);
+  ASSERT_GE(lines.size(), 6u);
   const Tvx_vtx_d2 sw = g.grid.get_vtx(static_cast<int>(g.ix_min), static_cast<int>(g.iy_min));
   EXPECT_NEAR(apart(lines[0][1], sw), 1400.0, 1e-6);
   EXPECT_NEAR(apart(lines[1][1], sw), 1639.9999999999998, 1e-6);
+  const double m = 1960.0000000000002;
+  Tvx_vtx_d2 nw{};
+  g.generate_corner(-m, m, nw);
+  EXPECT_EQ(lines[2], line{nw});  // the pieces are empty: the corner alone
 }
 
 // The eight pieces, filled here as the adjacent frame fills them: the outer frame's sides, each running
@@ -252,10 +258,10 @@ TEST(Frames, TheOuterFrameOfA200kSheetJoinsItsPiecesAtTheCorners) {
   g.init_grid();
   fill_pieces(g);
   ASSERT_TRUE(g.generate_frame());
-  EXPECT_EQ(codes(g.frame_path),
+  EXPECT_EQ(codes(g.frame_path, 6),
             (std::vector<std::string>{"400903", "400902", "400903", "400903", "400903", "400903"}));
   const auto lines = written_lines(g.frame_path);
-  ASSERT_EQ(lines.size(), 6u);
+  ASSERT_GE(lines.size(), 6u);
   const double m = 1960.0000000000002;
   Tvx_vtx_d2 sw{}, nw{}, ne{}, se{};
   g.generate_corner(-m, -m, sw);

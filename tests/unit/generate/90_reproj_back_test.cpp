@@ -44,11 +44,10 @@ TEST(ReprojBack, TheAreaOfN37ComesBackToItsDegrees) {
   sheet_probe g(p);
   ASSERT_TRUE(g.execute());
   std::set<std::string> expected = latlong_projection_files();
-  for (const char* set : {"", "latlong/"}) {
-    expected = joined(expected, shape_set(std::string(set) + "HYPS", "Hypsa"));
-    expected = joined(expected, shape_set(std::string(set) + "HYPS", "Hypsl"));
-    expected = joined(expected, shape_set(std::string(set) + "FRAME", "Frame"));
-  }
+  for (const char* set : {"", "latlong/"})
+    expected = joined(expected,
+                      vxk_test::shape_sets(
+                          {"HYPS/Hypsa", "HYPS/Hypsl", "HYPS/Hypsp", "FRAME/Frame", "FRAME/FrameDig"}, set));
   EXPECT_EQ(files_under(dir), expected);
   const Tvx_rect2d r = extent(g.latlong_hypsa_path);
   EXPECT_NEAR(r.xmin, 36.0, 1e-7);

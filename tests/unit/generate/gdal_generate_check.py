@@ -4,10 +4,11 @@
 For each sheet, generated in its Gauss-Kruger zone on Pulkovo 1942 and again with a geographic scene:
   - the latlong "Hypsa.shp" has one record, the sheet's geographic box to 1e-7 degree (the corners
     worked out here from the designation's rules), and the table ID 1, L_CODE -1, NAME the designation;
-  - the set holds "Hypsa.shp", "Hypsl.shp" and "Frame.shp" in both folders, and ogrinfo opens every
+  - the set holds "Hypsa.shp", "Hypsl.shp", "Hypsp.shp", "Frame.shp" and "FrameDig.shp" in both
+    folders, and "FrameAdj.shp" in the scene set of a 1:200,000 sheet, and ogrinfo opens every
     shape file of both sets without an error or a warning;
-  - the scene "Hypsa.shp" reprojected by ogr2ogr to the geographic system agrees with the latlong copy
-    vertex by vertex to 1e-7 degree;
+  - every scene file that has a latlong copy, reprojected by ogr2ogr to the geographic system, agrees
+    with that copy vertex by vertex to 1e-7 degree;
   - the .prj of every scene file is the same system as GDAL's own ESRI rendering of the scene PROJ
     string (osr IsSame), and that of every latlong file is Pulkovo 1942 (EPSG 4284).
 Longitudes are compared modulo 360: every reprojection of the library wraps longitudes around the
@@ -125,7 +126,11 @@ def check_ogrinfo(path, problems):
         problems.append(f"ogrinfo {path}: exit {run.returncode}\n{run.stderr}")
 
 
-SET = ["HYPS/Hypsa.shp", "HYPS/Hypsl.shp", "FRAME/Frame.shp"]
+def expected_set(sheet):
+    """The shape files of a standard sheet's run, scene set and latlong set."""
+    scene = ["HYPS/Hypsa.shp", "HYPS/Hypsl.shp", "HYPS/Hypsp.shp", "FRAME/Frame.shp", "FRAME/FrameDig.shp"]
+    adjacent = ["FRAME/FrameAdj.shp"] if sheet.roman else []  # scene set only
+    return scene + adjacent + ["latlong/" + p for p in scene]
 
 
 def shape_files(out):
@@ -136,8 +141,8 @@ def shape_files(out):
     return found
 
 
-def check_files(out, problems):
-    expected = sorted(SET + ["latlong/" + p for p in SET])
+def check_files(sheet, out, problems):
+    expected = sorted(expected_set(sheet))
     if sorted(shape_files(out)) != expected:
         problems.append(f"{out}: shape files {shape_files(out)}, expected {expected}")
 
@@ -177,20 +182,35 @@ def check_latlong_prj(out, problems):
             problems.append(f"{path}: the .prj is not Pulkovo 1942")
 
 
+def vertices(path):
+    """Every vertex of every feature, in order."""
+    ds = ogr.Open(path)
+    out = []
+    for feature in ds.GetLayer():
+        geometry = feature.GetGeometryRef()
+        parts = [geometry.GetGeometryRef(k) for k in range(geometry.GetGeometryCount())] or [geometry]
+        for part in parts:
+            out += part.GetPoints() or []
+    return out
+
+
 def check_back_projection(scene, out, problems):
-    """ogr2ogr takes the scene area back to the geographic system; it must meet the latlong copy."""
-    source = os.path.join(out, "HYPS/Hypsa.shp")
-    mine = os.path.join(out, "latlong/HYPS/Hypsa.shp")
-    theirs = os.path.join(out, "ogr2ogr_Hypsa.shp")
-    subprocess.run(["ogr2ogr", "-overwrite", "-s_srs", scene, "-t_srs", PULKOVO, theirs, source], check=True,
-                   capture_output=True)
-    a, b = ring(mine)[3], ring(theirs)[3]
-    if len(a) != len(b):
-        problems.append(f"{mine}: {len(a)} vertices, ogr2ogr gives {len(b)}")
-        return
-    worst = max(apart(p, q) for p, q in zip(a, b))
-    if worst > TOLERANCE:
-        problems.append(f"{mine}: differs from ogr2ogr by {worst} degrees")
+    """ogr2ogr takes every scene file that has a latlong copy back to the geographic system; it must meet
+    the copy vertex by vertex."""
+    for rel in shape_files(out):
+        mine = os.path.join(out, "latlong", rel)
+        if rel.startswith("latlong/") or not os.path.exists(mine):
+            continue
+        theirs = os.path.join(out, "ogr2ogr_" + os.path.basename(rel))
+        subprocess.run(["ogr2ogr", "-overwrite", "-s_srs", scene, "-t_srs", PULKOVO, theirs, os.path.join(out, rel)],
+                       check=True, capture_output=True)
+        a, b = vertices(mine), vertices(theirs)
+        if len(a) != len(b):
+            problems.append(f"{mine}: {len(a)} vertices, ogr2ogr gives {len(b)}")
+            continue
+        worst = max((apart(p, q) for p, q in zip(a, b)), default=0.0)
+        if worst > TOLERANCE:
+            problems.append(f"{mine}: differs from ogr2ogr by {worst} degrees")
 
 
 def check_scene_prj(scene, out, problems):
@@ -234,7 +254,7 @@ def main():
             if not generate(tool, sheet, scene, out):
                 problems.append(f"{sheet.name()} in {scene}: the generator answered false")
                 continue
-            check_files(out, problems)
+            check_files(sheet, out, problems)
             for path in shape_files(out):
                 check_ogrinfo(os.path.join(out, path), problems)
             check_latlong(sheet, out, problems)

@@ -51,6 +51,19 @@ inline std::vector<line> written_lines(const std::wstring& shp_path) {
   return out;
 }
 
+// The point of every point record.
+inline line written_points(const std::wstring& shp_path) {
+  Tvx_file_shp shp;
+  line out;
+  if (shp.open(shp_path, true) != 0) return out;
+  for (unsigned i = 0; i < shp.get_no(); ++i) {
+    shp.get_obj_type(i);
+    Tvx_point2d p{};
+    if (shp.get_point(&p)) out.push_back(Tvx_vtx_d2{p.x, p.y});
+  }
+  return out;
+}
+
 struct table {
   std::vector<std::string> columns;
   std::vector<std::vector<std::string>> rows;

@@ -1,0 +1,22 @@
+// The frame digits, "FrameDig.shp" in "FRAME\": the base lines of the coordinate labels round the sheet,
+// each with its text, font and size in the table. The dashes themselves are drawn by the parallels'
+// and meridians' dash operations; this step holds the file open for them.
+#include "stdlist/generate/10_generator.h"
+#include "stdlist/generate/11_step_files.h"
+
+namespace vx::stdlist {
+
+bool base_generate::generate_frame_dig() {
+  Tvx_dbf_field fields[LABEL_COLUMNS];
+  init_label_fields(fields);
+  step_files files;
+  files.shp = vx_shp_file_create_w(framedig_path.c_str(), VX_SHP_POLYLINE);
+  if (!files.shp) return false;
+  files.table = vx_dbf_create_w(traits::dbf_path(framedig_path).c_str(), LABEL_COLUMNS, 0, fields, 0);
+  if (!files.table) return false;
+  if (!draw_two_paral_dashes(files.shp, files.table) || !draw_merid_dash(files.shp, files.table))
+    return false;
+  return crt_proj_scn(framedig_path);
+}
+
+}  // namespace vx::stdlist
