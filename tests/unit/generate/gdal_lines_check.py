@@ -13,8 +13,8 @@ degree, 1:200,000 every 20'):
     sheet of the same letter has none; the table of a polar sheet has one record fewer than its shape
     file, which still holds the rectangle (read from the .shp alone).
 "Frame.shp", scene set:
-  - its records and codes by scale (a 1:200,000 sheet has no broken outer frame while nothing fills its
-    pieces);
+  - its records and codes by scale, the minute marks after them; a 1:200,000 sheet's outer frame at
+    9.8 mm in four pieces, each at its margin from the edge but round the corner, with gaps between;
   - every vertex of a frame's sides lies at the frame's margin from its vertex of the sheet's edge (the
     ring of "Hypsa.shp"), to 1 mm in the scene's metres (or 1e-9 in a geographic scene's degrees),
     measured with GEOS; its distance to the edge as a whole is the margin to within 1e-4 of it (the
@@ -42,6 +42,7 @@ TOLERANCE = 1e-7
 FRAMES_1M = [(0.0, 0.0, 400901), (1000.0, 0.008983000569721857, 400901), (7500.0, 0.06737250427291393, 400903),
              (8500.0, 0.07635550484263579, 400902), (9500.0, 0.08533850541235764, 400903)]
 FRAMES_200K = [(1400.0, 0.0125762007976106, 400903), (1639.9999999999998, 0.014732120934343843, 400902)]
+OUTER_200K = (1960.0000000000002, 1960.0000000000002 * 8.983000569721857e-06)
 
 
 def divisions(sheet):
@@ -173,16 +174,39 @@ def check_frame_line(frame, edge, rows, margin, unit_tolerance, what, problems):
                             f"{margin * math.sqrt(2)} outside")
 
 
+def check_outer_pieces(features, edge, margin, unit_tolerance, path, problems):
+    """The broken outer frame of a 1:200,000 sheet: four pieces, each bent round one corner, every vertex
+    but the corner at the outer margin from the edge (the corner at about the margin times the square
+    root of two)."""
+    edge_line = linestring(edge)
+    for f in features:
+        distances = [point(p[:2]).Distance(edge_line) for p in f.GetGeometryRef().GetPoints()]
+        corners = [d for d in distances if d > 1.2 * margin]
+        worst = max(abs(d - margin) for d in distances if d <= 1.2 * margin)
+        if len(corners) != 1 or abs(corners[0] - margin * math.sqrt(2)) > 0.01 * margin or \
+                worst > max(unit_tolerance, 1e-4 * margin):
+            problems.append(f"{path}: an outer frame piece strays {worst} from the margin {margin}, corners "
+                            f"{corners}")
+
+
 def check_frame(sheet, out, latlong_scene, problems, shift=0.0):
     path = os.path.join(out, "FRAME/Frame.shp")
     ds = ogr.Open(path)
     features = list(ds.GetLayer())
     table = FRAMES_200K if sheet.roman else FRAMES_1M
+    pieces = 4 if sheet.roman else 0
     codes = [(f.GetField("ID"), f.GetField("L_CODE")) for f in features]
-    if codes != [(k + 1, c) for k, (_, _, c) in enumerate(table)]:
-        problems.append(f"{path}: records {codes}, expected {[c for _, _, c in table]}")
+    expected = [c for _, _, c in table] + [400903] * pieces
+    # the minute marks follow the frames (gdal_marks_check.py measures them)
+    if codes[:len(expected)] != [(k + 1, c) for k, c in enumerate(expected)] or \
+            any(c != 400901 for _, c in codes[len(expected):]):
+        problems.append(f"{path}: records {codes[:len(expected) + 3]}..., expected {expected} and the marks")
         return
     edge, rows = edge_ring(out)
+    if pieces:
+        check_outer_pieces(features[len(table):len(expected)], edge, OUTER_200K[1 if latlong_scene else 0] + shift,
+                           1e-9 if latlong_scene else 1e-3, path, problems)
+    features = features[:len(table)]
     rings = []
     for f, (metres, degrees, _) in zip(features, table):
         frame = [p[:2] for p in f.GetGeometryRef().GetPoints()]
