@@ -26,3 +26,8 @@ target_link_libraries(dash_tool PRIVATE vxk_proj4_shp_static)
 add_test(NAME generate.gdal_dashes
   COMMAND ${VXK_GDAL_PYTHON} ${CMAKE_CURRENT_LIST_DIR}/gdal_dashes_check.py $<TARGET_FILE:dash_tool>)
 set_tests_properties(generate.gdal_dashes PROPERTIES ENVIRONMENT "${VXK_TEST_ENV}")
+
+# The neighbours' names, the coordinate labels and the minute marks measured with GDAL and GEOS.
+add_test(NAME generate.gdal_marks
+  COMMAND ${VXK_GDAL_PYTHON} ${CMAKE_CURRENT_LIST_DIR}/gdal_marks_check.py $<TARGET_FILE:generate_tool>)
+set_tests_properties(generate.gdal_marks PROPERTIES ENVIRONMENT "${VXK_TEST_ENV}")
