@@ -88,6 +88,10 @@ size_t scene_vertices(const sheet_case& c) {
     shp.open(e.path().string().c_str(), true);
     for (unsigned i = 0; i < shp.get_no(); ++i) {
       const int type = shp.get_obj_type(i);
+      if (type == SHP_POINT) {
+        ++count;
+        continue;
+      }
       Tvx_op2d o;
       if (!(type == SHP_POLYGON ? shp.get_polygon(&o) : shp.get_polyline(&o))) continue;
       for (int k = 0; k < o.get_size(); ++k) count += static_cast<size_t>(o.get(k)->get_size());

@@ -27,6 +27,15 @@ void init_label_fields(Tvx_dbf_field (&fields)[LABEL_COLUMNS]) {
   vx_dbf_field_init(&fields[LABEL_SIZE], "SIZE", VX_DBF_CHARACTER, 100, 0);
 }
 
+bool create_label_files(step_files& files, const std::wstring& shp_path) {
+  Tvx_dbf_field fields[LABEL_COLUMNS];
+  init_label_fields(fields);
+  files.shp = vx_shp_file_create_w(shp_path.c_str(), VX_SHP_POLYLINE);
+  if (!files.shp) return false;
+  files.table = vx_dbf_create_w(traits::dbf_path(shp_path).c_str(), LABEL_COLUMNS, 0, fields, 0);
+  return files.table != nullptr;
+}
+
 void append_label(void* table, int code, const std::wstring& text, const char* size) {
   const int r = append_record(table);
   vx_dbf_set_int(table, LABEL_L_CODE, r, code);

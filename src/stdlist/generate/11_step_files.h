@@ -45,6 +45,9 @@ int append_record(void* table);
 // code, the text, and its font and size as texts.
 enum { LABEL_ID, LABEL_L_CODE, LABEL_TEXT, LABEL_FONT, LABEL_SIZE, LABEL_COLUMNS };
 void init_label_fields(Tvx_dbf_field (&fields)[LABEL_COLUMNS]);
+// Creates a polyline file and its table of labels with no records, as the label steps hold them open;
+// false when either cannot be made.
+bool create_label_files(step_files& files, const std::wstring& shp_path);
 // Appends one label: the text in the system's narrow code page, the font of every label, and the size.
 void append_label(void* table, int code, const std::wstring& text, const char* size);
 

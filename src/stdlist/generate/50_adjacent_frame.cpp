@@ -18,13 +18,8 @@ constexpr int CODE_ADJACENT = 400911;
 
 // The names' lines that cannot be written do not fail the step; its projection files do.
 bool stdlist_generate::generate_frame_adj() {
-  Tvx_dbf_field fields[LABEL_COLUMNS];
-  init_label_fields(fields);
   step_files files;
-  files.shp = vx_shp_file_create_w(frameadj_path.c_str(), VX_SHP_POLYLINE);
-  if (!files.shp) return false;
-  files.table = vx_dbf_create_w(traits::dbf_path(frameadj_path).c_str(), LABEL_COLUMNS, 0, fields, 0);
-  if (!files.table) return false;
+  if (!create_label_files(files, frameadj_path)) return false;
   draw_adj_dashes(files.shp, files.table);
   return crt_proj_scn(frameadj_path);
 }

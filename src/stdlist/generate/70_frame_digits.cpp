@@ -7,13 +7,8 @@
 namespace vx::stdlist {
 
 bool base_generate::generate_frame_dig() {
-  Tvx_dbf_field fields[LABEL_COLUMNS];
-  init_label_fields(fields);
   step_files files;
-  files.shp = vx_shp_file_create_w(framedig_path.c_str(), VX_SHP_POLYLINE);
-  if (!files.shp) return false;
-  files.table = vx_dbf_create_w(traits::dbf_path(framedig_path).c_str(), LABEL_COLUMNS, 0, fields, 0);
-  if (!files.table) return false;
+  if (!create_label_files(files, framedig_path)) return false;
   if (!draw_two_paral_dashes(files.shp, files.table) || !draw_merid_dash(files.shp, files.table))
     return false;
   return crt_proj_scn(framedig_path);

@@ -20,14 +20,20 @@ using vxk_test::sheet_probe;
 using vxk_test::written_lines;
 using vxk_test::written_table;
 
-// Lines drawn by one call into a frame file of their own.
-template <typename Draw>
-std::vector<line> drawn(const std::wstring& path, Draw draw) {
+// A frame table with no records beside a new shape file of the type.
+void* frame_files(const std::wstring& path, int type, Tvx_shp_basic*& shp) {
   Tvx_dbf_field fields[2];
   vx_dbf_field_init(&fields[0], "ID", VX_DBF_NUMERIC, 6, 0);
   vx_dbf_field_init(&fields[1], "L_CODE", VX_DBF_NUMERIC, 8, 0);
-  Tvx_shp_basic* shp = vx_shp_file_create_w(path.c_str(), VX_SHP_POLYLINE);
-  void* table = vx_dbf_create_w(traits::dbf_path(path).c_str(), 2, 0, fields, 0);
+  shp = vx_shp_file_create_w(path.c_str(), type);
+  return vx_dbf_create_w(traits::dbf_path(path).c_str(), 2, 0, fields, 0);
+}
+
+// Lines drawn by one call into a frame file of their own.
+template <typename Draw>
+std::vector<line> drawn(const std::wstring& path, Draw draw) {
+  Tvx_shp_basic* shp = nullptr;
+  void* table = frame_files(path, VX_SHP_POLYLINE, shp);
   EXPECT_TRUE(shp && table);
   EXPECT_TRUE(draw(shp, table));
   vx_dbf_close(table);
@@ -143,11 +149,8 @@ TEST(MinuteMarks, AMarkThatCannotBeAddedEndsTheMarksWithFalse) {
   auto p = vxk_test::sheet_params(s, vxk_test::output_dir("marks_refused"));
   sheet_probe g(p);
   g.init_grid();
-  Tvx_dbf_field fields[2];
-  vx_dbf_field_init(&fields[0], "ID", VX_DBF_NUMERIC, 6, 0);
-  vx_dbf_field_init(&fields[1], "L_CODE", VX_DBF_NUMERIC, 8, 0);
-  Tvx_shp_basic* shp = vx_shp_file_create_w(g.frame_path.c_str(), VX_SHP_POINT);
-  void* table = vx_dbf_create_w(traits::dbf_path(g.frame_path).c_str(), 2, 0, fields, 0);
+  Tvx_shp_basic* shp = nullptr;
+  void* table = frame_files(g.frame_path, VX_SHP_POINT, shp);
   ASSERT_TRUE(shp && table);
   EXPECT_FALSE(g.short_dashes(shp, table, {g.xmin}, 0.0, 1.0, true));
   EXPECT_FALSE(g.long_dashes(shp, table, {g.xmin, g.xmax}, 1.0, true));
