@@ -5,5 +5,5 @@ add_executable(gdal_probe ${CMAKE_CURRENT_LIST_DIR}/gdal_probe.cpp)
 target_link_libraries(gdal_probe PRIVATE vxk_proj4_shp_static)
 add_test(NAME files.gdal_check
   COMMAND ${VXK_SYSTEM_PYTHON} ${CMAKE_CURRENT_LIST_DIR}/gdal_check.py
-          $<TARGET_FILE:gdal_probe> ${VXK_TEST_TMP}/files_gdal_check)
+          $<TARGET_FILE:gdal_probe> ${VXK_TEST_TMP_DIR}/files_gdal_check)
 set_tests_properties(files.gdal_check PROPERTIES ENVIRONMENT "${VXK_TEST_ENV}")
