@@ -1,5 +1,5 @@
 // Writes the dashes of the coordinate labels of one standard sheet, with their table of labels, for the
-// GDAL check of their sizes (the frame digits that will draw them in a run are not there yet):
+// GDAL check of their sizes, apart from the other labels of a run's "FrameDig.shp":
 //   dash_tool LETTER_INDEX NUMBER ROMAN_INDEX TYPE SOUTH SCENE OUT_DIR LON_MAIN LON_ADD LAT_MAIN LAT_ADD
 // as generate_tool takes them; writes OUT_DIR/Dashes.shp with its table and projection files, the
 // parallels' dashes first and then the meridians'. Exits 0 when everything was written.

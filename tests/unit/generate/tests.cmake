@@ -19,8 +19,8 @@ add_test(NAME generate.gdal_lines
   COMMAND ${VXK_GDAL_PYTHON} ${CMAKE_CURRENT_LIST_DIR}/gdal_lines_check.py $<TARGET_FILE:generate_tool>)
 set_tests_properties(generate.gdal_lines PROPERTIES ENVIRONMENT "${VXK_TEST_ENV}")
 
-# The dashes of the coordinate labels, written by a program over the generator's classes (no step of a
-# run draws them yet), measured with GDAL and GEOS.
+# The dashes of the coordinate labels, written alone by a program over the generator's classes,
+# measured with GDAL and GEOS.
 add_executable(dash_tool ${CMAKE_CURRENT_LIST_DIR}/dash_tool.cpp)
 target_link_libraries(dash_tool PRIVATE vxk_proj4_shp_static)
 add_test(NAME generate.gdal_dashes
