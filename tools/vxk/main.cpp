@@ -1,5 +1,6 @@
 // vxk: entry point and command dispatch.
 #include <algorithm>
+#include <csignal>
 #include <cstdio>
 #include <cstring>
 
@@ -37,6 +38,9 @@ void print_usage(std::FILE* out) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  // A write past a file size limit must fail with its reason (EFBIG) and be reported, not kill the
+  // program half-way through its output.
+  std::signal(SIGXFSZ, SIG_IGN);
   if (argc < 2) {
     print_usage(stderr);
     return 2;
