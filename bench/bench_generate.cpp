@@ -1,9 +1,10 @@
 // Generation of N-37 and N-37-VI, both sets (the scene set in Gauss-Kruger zone 7 and the latlong set),
 // through the public function, against the floor of the PROJ work the job cannot avoid: creating the
-// two transformations it uses (the sheet's geographic system to the scene, and back) and transforming
-// its lattice, and the area's ring back, with proj_trans_generic. PROJ gets the same texts as from the
-// library. The ratio of the two is the cost of everything else: files, tables, projection files, and
-// the scene's ESRI WKT for the .prj files, which PROJ makes and which BM_scene_esri_wkt times alone.
+// two transformations it uses (the sheet's geographic system to the scene, and back), transforming its
+// lattice, and transforming back every vertex of the scene set's files (as many as a run writes), with
+// proj_trans_generic. PROJ gets the same texts as from the library. The ratio of the two is the cost of
+// everything else: files, tables, projection files, a transformation back built for each file, and the
+// scene's ESRI WKT for the .prj files, which PROJ makes and which BM_scene_esri_wkt times alone.
 #include <benchmark/benchmark.h>
 #include <proj.h>
 
@@ -11,6 +12,8 @@
 #include <string>
 #include <vector>
 
+#include "files/file_shp.h"
+#include "geom/op2d.h"
 #include "reproj/reproj_xy_exec.h"
 #include "stdlist/generate/10_generator.h"
 #include "support/ansi_code_page.h"
@@ -70,8 +73,33 @@ struct lattice_probe : vx::stdlist::stdlist_generate {
   using stdlist_generate::stdlist_generate;
   std::vector<double> xs() const { return grid.xs(); }
   std::vector<double> ys() const { return grid.ys(); }
-  size_t ring() const { return 2 * static_cast<size_t>(ix_max - ix_min + 1 + iy_max - iy_min + 1); }
 };
+
+// The vertices of the scene set that a run writes, and so takes back to degrees.
+size_t scene_vertices(const sheet_case& c) {
+  const std::wstring dir = output_dir(2);
+  Tvx_stdlist_params params{params_of(c, dir)};
+  vx_stdlist_generate_shapes(&params);
+  size_t count = 0;
+  for (const auto& e : fs::recursive_directory_iterator(fs::path(dir))) {
+    if (e.path().extension() != ".shp" || e.path().parent_path().parent_path().filename() == "latlong")
+      continue;
+    Tvx_file_shp shp;
+    shp.open(e.path().string().c_str(), true);
+    for (unsigned i = 0; i < shp.get_no(); ++i) {
+      const int type = shp.get_obj_type(i);
+      if (type == SHP_POINT) {
+        ++count;
+        continue;
+      }
+      Tvx_op2d o;
+      if (!(type == SHP_POLYGON ? shp.get_polygon(&o) : shp.get_polyline(&o))) continue;
+      for (int k = 0; k < o.get_size(); ++k) count += static_cast<size_t>(o.get(k)->get_size());
+    }
+  }
+  fs::remove_all(fs::path(dir));
+  return count;
+}
 
 void BM_generate(benchmark::State& state) {
   const sheet_case c = make_case(static_cast<int>(state.range(0)));
@@ -100,27 +128,31 @@ void BM_floor(benchmark::State& state) {
   std::vector<double> x, y;
   for (double v : ys)
     for (double u : xs) x.push_back(u), y.push_back(v);
-  const size_t ring = probe.ring();
+  const size_t nodes = x.size();
+  const size_t back = scene_vertices(c);
+  // the lattice's points, repeated, stand in for the vertices taken back
+  for (size_t i = nodes; i < back; ++i) x.push_back(x[i % nodes]), y.push_back(y[i % nodes]);
   const std::string geographic = Tvx_reproj_xy_exec::verify_pj4str(
       vx::strconv::wide_to_utf8(vx::stdlist::traits::get_styllibs_proj()).c_str(), nullptr);
   const std::string scene =
       Tvx_reproj_xy_exec::verify_pj4str(vx::strconv::wide_to_utf8(kGk7).c_str(), nullptr);
-  std::vector<double> lx(x.size()), ly(y.size());
+  std::vector<double> lx, ly;
   for (auto _ : state) {
     lx = x;
     ly = y;
     PJ* there = transformation(geographic, scene);
-    PJ* back = transformation(scene, geographic);
-    if (!there || !back) state.SkipWithError("PROJ objects not built");
-    proj_trans_generic(there, PJ_FWD, lx.data(), sizeof(double), lx.size(), ly.data(), sizeof(double),
-                       ly.size(), nullptr, 0, 0, nullptr, 0, 0);
-    proj_trans_generic(back, PJ_FWD, lx.data(), sizeof(double), ring, ly.data(), sizeof(double), ring,
+    PJ* to_degrees = transformation(scene, geographic);
+    if (!there || !to_degrees) state.SkipWithError("PROJ objects not built");
+    proj_trans_generic(there, PJ_FWD, lx.data(), sizeof(double), nodes, ly.data(), sizeof(double), nodes,
+                       nullptr, 0, 0, nullptr, 0, 0);
+    proj_trans_generic(to_degrees, PJ_FWD, lx.data(), sizeof(double), back, ly.data(), sizeof(double), back,
                        nullptr, 0, 0, nullptr, 0, 0);
     benchmark::DoNotOptimize(lx.data());
     proj_destroy(there);
-    proj_destroy(back);
+    proj_destroy(to_degrees);
   }
-  state.SetLabel(name_of(c) + ", lattice " + std::to_string(xs.size()) + " x " + std::to_string(ys.size()));
+  state.SetLabel(name_of(c) + ", lattice " + std::to_string(xs.size()) + " x " + std::to_string(ys.size()) +
+                 ", " + std::to_string(back) + " vertices back");
 }
 
 // The floor and the one more piece of PROJ work that the files need: the scene in ESRI WKT for the .prj

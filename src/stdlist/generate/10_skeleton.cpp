@@ -52,7 +52,7 @@ bool base_generate::valid(double value) {
 
 bool base_generate::execute() {
   init_grid();
-  if (!generate_hyps_a()) return false;
+  if (!generate_hyps_a() || !generate_hyps_l() || !generate_frame() || !generate_frame_dig()) return false;
   return reproj_back();
 }
 
@@ -61,7 +61,9 @@ stdlist_generate::stdlist_generate(stdlist_params& p) : base_generate(p), sprm(p
 bool stdlist_generate::execute() {
   init_grid();
   grid.debug_save_shp((prm.get_output_dir() + L"debug_save_shp.shp").c_str());
-  if (!generate_hyps_a()) return false;
+  if (!generate_hyps_a() || !generate_hyps_l() || !generate_hyps_p()) return false;
+  if (sprm.scale_is_200() && !generate_frame_adj()) return false;
+  if (!generate_frame() || !generate_frame_dig()) return false;
   return reproj_back();
 }
 
@@ -75,7 +77,7 @@ custom_generate::custom_generate(custom_params& p) : base_generate(p), cprm(p) {
 // A free box tells its caller true whichever step ended the run.
 bool custom_generate::execute() {
   init_grid();
-  if (generate_hyps_a()) reproj_back();
+  if (generate_hyps_a() && generate_hyps_l() && generate_frame() && generate_frame_dig()) reproj_back();
   return true;
 }
 

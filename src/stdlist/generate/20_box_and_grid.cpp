@@ -64,6 +64,14 @@ std::vector<double> box_marks(double a, double b, double step) {
   return out;
 }
 
+std::vector<double> pivots(double a, double b, int count) {
+  std::vector<double> out;
+  if (count <= 0) return out;
+  const double step = (b - a) / (count - 1);
+  for (int i = 0; i < count; ++i) out.push_back(a + i * step);
+  return out;
+}
+
 std::int64_t sheet_main_count(int n) {
   return n >= 2 ? n - 1 : 0;
 }
@@ -123,15 +131,6 @@ bool base_generate::init_grid() {
 
 namespace {
 
-// count positions from a to b at equal steps, both ends included.
-std::vector<double> pivots(double a, double b, int count) {
-  std::vector<double> out;
-  if (count <= 0) return out;
-  const double step = (b - a) / (count - 1);
-  for (int i = 0; i < count; ++i) out.push_back(a + i * step);
-  return out;
-}
-
 // The latitude of the north polar circle, 66 degrees 33.64 minutes.
 constexpr double POLAR_CIRCLE = 66.56072222222222;
 
@@ -159,8 +158,8 @@ bool base_generate::init_grid_common() {
   main_y_count = static_cast<std::int32_t>(main_y.size());
 
   const int count = traits::get_pivot_points(prm.get_scale());
-  grid.add_vec_x(pivots(xmin, xmax, count));
-  grid.add_vec_y(pivots(ymin, ymax, count));
+  grid.add_vec_x(axis::pivots(xmin, xmax, count));
+  grid.add_vec_y(axis::pivots(ymin, ymax, count));
   std::vector<double> marks_x;
   get_marks_x(marks_x);
   grid.add_vec_x(marks_x);

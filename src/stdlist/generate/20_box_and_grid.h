@@ -25,6 +25,10 @@ std::vector<double> box_main(double a, double b, double step);
 // Marks from the edge a at whole steps (the step's fraction cut off); none for a step below 1.
 std::vector<double> box_marks(double a, double b, double step);
 
+// count positions from a to b at one equal step, both ends included (none for a count below 1): the
+// k-th is a plus k times the step, so that the last need not be b to the bit.
+std::vector<double> pivots(double a, double b, int count);
+
 // How many positions the functions above give, without building them.
 std::int64_t sheet_main_count(int n);
 std::int64_t sheet_marks_count(int n, int m);

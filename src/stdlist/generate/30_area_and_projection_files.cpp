@@ -3,6 +3,7 @@
 // every shape file: the .prj in ESRI WKT, and the .pj4 with the PROJ string.
 #include "services/string_adapter.h"
 #include "stdlist/generate/10_generator.h"
+#include "stdlist/generate/11_step_files.h"
 #include "support/fileio.h"
 #include "support/filesystem.h"
 
@@ -15,15 +16,6 @@ enum { COL_ID, COL_L_CODE, COL_NAME, COLUMN_COUNT };
 
 // The name of the area of a free box.
 const wchar_t* const BOX_NAME = L"Base list";
-
-// Owns the object vector of one record.
-struct object_vector {
-  Tvx_op2d* handle = vx_ov_d2_create();
-  object_vector() = default;
-  ~object_vector() { vx_ov_d2_destroy(handle); }
-  object_vector(const object_vector&) = delete;
-  object_vector& operator=(const object_vector&) = delete;
-};
 
 bool write_prj(const std::wstring& shape_path, const std::wstring& text) {
   return vx::fileio::writeall(vx::filesystem::change_extension(shape_path, L".prj"),
@@ -60,12 +52,15 @@ bool base_generate::generate_hyps_a_dbf(const std::wstring& name) {
 }
 
 void base_generate::add_box_ring(Tvx_pp2d* part) const {
-  const auto x0 = static_cast<int>(ix_min), x1 = static_cast<int>(ix_max);
-  const auto y0 = static_cast<int>(iy_min), y1 = static_cast<int>(iy_max);
-  for (int j = y0; j <= y1; ++j) vx_pv_d2_add_vtx(part, grid.get_vtx(x0, j));
-  for (int i = x0; i <= x1; ++i) vx_pv_d2_add_vtx(part, grid.get_vtx(i, y1));
-  for (int j = y1; j >= y0; --j) vx_pv_d2_add_vtx(part, grid.get_vtx(x1, j));
-  for (int i = x1; i >= x0; --i) vx_pv_d2_add_vtx(part, grid.get_vtx(i, y0));
+  add_box_ring(part, static_cast<int>(ix_min), static_cast<int>(ix_max), static_cast<int>(iy_min),
+               static_cast<int>(iy_max));
+}
+
+void base_generate::add_box_ring(Tvx_pp2d* part, int west, int east, int bottom, int top) const {
+  for (int j = bottom; j <= top; ++j) vx_pv_d2_add_vtx(part, grid.get_vtx(west, j));
+  for (int i = west; i <= east; ++i) vx_pv_d2_add_vtx(part, grid.get_vtx(i, top));
+  for (int j = top; j >= bottom; --j) vx_pv_d2_add_vtx(part, grid.get_vtx(east, j));
+  for (int i = east; i >= west; --i) vx_pv_d2_add_vtx(part, grid.get_vtx(i, bottom));
 }
 
 bool base_generate::generate_hyps_a_shp() {
@@ -74,7 +69,7 @@ bool base_generate::generate_hyps_a_shp() {
   bool done = false;
   {
     object_vector record;
-    Tvx_pp2d* ring = record.handle ? vx_ov_d2_add(record.handle) : nullptr;
+    Tvx_pp2d* ring = record.add_part();
     if (ring) {
       add_box_ring(ring);
       done = vx_shp_file_add_polypoint(shp, record.handle, VX_SHP_POLYGON) && crt_proj_scn(hypsa_path);

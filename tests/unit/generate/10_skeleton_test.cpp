@@ -117,7 +117,8 @@ TEST(Skeleton, AMissingLatlongHypsFolderLeavesTheSceneSetAndFalse) {
   const std::wstring dir = vxk_test::output_dir("skeleton_no_latlong", {"HYPS", "FRAME", "latlong/FRAME"});
   auto p = vxk_test::sheet_params(s, dir);
   EXPECT_FALSE(sheet_probe(p).execute());
-  EXPECT_EQ(files_under(dir), vxk_test::shape_set("HYPS", "Hypsa"));
+  EXPECT_EQ(files_under(dir), vxk_test::shape_sets({"HYPS/Hypsa", "HYPS/Hypsl", "HYPS/Hypsp", "FRAME/Frame",
+                                                    "FRAME/FrameDig"}));
 }
 
 TEST(Skeleton, NoDebugFileIsEverWritten) {

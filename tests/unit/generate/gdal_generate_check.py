@@ -4,11 +4,14 @@
 For each sheet, generated in its Gauss-Kruger zone on Pulkovo 1942 and again with a geographic scene:
   - the latlong "Hypsa.shp" has one record, the sheet's geographic box to 1e-7 degree (the corners
     worked out here from the designation's rules), and the table ID 1, L_CODE -1, NAME the designation;
-  - ogrinfo opens both "Hypsa.shp" without an error or a warning;
-  - the scene "Hypsa.shp" reprojected by ogr2ogr to the geographic system agrees with the latlong copy
-    vertex by vertex to 1e-7 degree;
-  - the scene .prj is the same system as GDAL's own ESRI rendering of the scene PROJ string (osr
-    IsSame), and the latlong .prj is Pulkovo 1942 (EPSG 4284).
+  - the set holds "Hypsa.shp", "Hypsl.shp", "Hypsp.shp", "Frame.shp" and "FrameDig.shp" in both
+    folders, and "FrameAdj.shp" in the scene set of a 1:200,000 sheet, and ogrinfo opens every
+    shape file of both sets without an error or a warning;
+  - every scene file that has a latlong copy (the area alone when the scene is already geographic),
+    reprojected by ogr2ogr to the geographic system, agrees with that copy vertex by vertex to 1e-7
+    degree;
+  - the .prj of every scene file is the same system as GDAL's own ESRI rendering of the scene PROJ
+    string (osr IsSame), and that of every latlong file is Pulkovo 1942 (EPSG 4284).
 Longitudes are compared modulo 360: every reprojection of the library wraps longitudes around the
 meridian 45 (to -135 up to 225), so the sheets of column 1 come back at 180 to 186 degrees east, which
 is the same place.
@@ -118,10 +121,31 @@ def ring(path):
 
 
 def check_ogrinfo(path, problems):
-    run = subprocess.run(["ogrinfo", "-ro", "-al", path], capture_output=True, text=True)
+    run = subprocess.run(["ogrinfo", "-ro", "-al", path], capture_output=True, text=True, errors="replace")
     text = run.stdout + run.stderr
     if run.returncode != 0 or "Warning" in text or "ERROR" in text:
         problems.append(f"ogrinfo {path}: exit {run.returncode}\n{run.stderr}")
+
+
+def expected_set(sheet):
+    """The shape files of a standard sheet's run, scene set and latlong set."""
+    scene = ["HYPS/Hypsa.shp", "HYPS/Hypsl.shp", "HYPS/Hypsp.shp", "FRAME/Frame.shp", "FRAME/FrameDig.shp"]
+    adjacent = ["FRAME/FrameAdj.shp"] if sheet.roman else []  # scene set only
+    return scene + adjacent + ["latlong/" + p for p in scene]
+
+
+def shape_files(out):
+    """The shape files of both sets, as paths under out."""
+    found = []
+    for folder in ("HYPS", "FRAME", "latlong/HYPS", "latlong/FRAME"):
+        found += sorted(os.path.join(folder, n) for n in os.listdir(os.path.join(out, folder)) if n.endswith(".shp"))
+    return found
+
+
+def check_files(sheet, out, problems):
+    expected = sorted(expected_set(sheet))
+    if sorted(shape_files(out)) != expected:
+        problems.append(f"{out}: shape files {shape_files(out)}, expected {expected}")
 
 
 def check_latlong(sheet, out, problems):
@@ -144,38 +168,65 @@ def check_latlong(sheet, out, problems):
     values = (f.GetField("ID"), f.GetField("L_CODE"), f.GetField("NAME"))
     if values != (1, -1, sheet.name()):
         problems.append(f"{path}: values {values}, expected (1, -1, {sheet.name()!r})")
+
+
+def check_latlong_prj(out, problems):
     pulkovo = osr.SpatialReference()
     pulkovo.ImportFromEPSG(4284)
-    if not layer.GetSpatialRef().IsSame(pulkovo, ["IGNORE_DATA_AXIS_TO_SRS_AXIS_MAPPING=YES"]):
-        problems.append(f"{path}: the .prj is not Pulkovo 1942")
+    for rel in shape_files(out):
+        if not rel.startswith("latlong/"):
+            continue
+        path = os.path.join(out, rel)
+        ds = ogr.Open(path)
+        got = ds.GetLayer().GetSpatialRef()
+        if got is None or not got.IsSame(pulkovo, ["IGNORE_DATA_AXIS_TO_SRS_AXIS_MAPPING=YES"]):
+            problems.append(f"{path}: the .prj is not Pulkovo 1942")
 
 
-def check_back_projection(scene, out, problems):
-    """ogr2ogr takes the scene area back to the geographic system; it must meet the latlong copy."""
-    source = os.path.join(out, "HYPS/Hypsa.shp")
-    mine = os.path.join(out, "latlong/HYPS/Hypsa.shp")
-    theirs = os.path.join(out, "ogr2ogr_Hypsa.shp")
-    subprocess.run(["ogr2ogr", "-overwrite", "-s_srs", scene, "-t_srs", PULKOVO, theirs, source], check=True,
-                   capture_output=True)
-    a, b = ring(mine)[3], ring(theirs)[3]
-    if len(a) != len(b):
-        problems.append(f"{mine}: {len(a)} vertices, ogr2ogr gives {len(b)}")
-        return
-    worst = max(apart(p, q) for p, q in zip(a, b))
-    if worst > TOLERANCE:
-        problems.append(f"{mine}: differs from ogr2ogr by {worst} degrees")
+def vertices(path):
+    """Every vertex of every feature, in order."""
+    ds = ogr.Open(path)
+    out = []
+    for feature in ds.GetLayer():
+        geometry = feature.GetGeometryRef()
+        parts = [geometry.GetGeometryRef(k) for k in range(geometry.GetGeometryCount())] or [geometry]
+        for part in parts:
+            out += part.GetPoints() or []
+    return out
+
+
+def check_back_projection(scene, out, problems, every_file=True):
+    """ogr2ogr takes every scene file that has a latlong copy (or the area alone) back to the geographic
+    system; it must meet the copy vertex by vertex."""
+    for rel in shape_files(out) if every_file else ["HYPS/Hypsa.shp"]:
+        mine = os.path.join(out, "latlong", rel)
+        if rel.startswith("latlong/") or not os.path.exists(mine):
+            continue
+        theirs = os.path.join(out, "ogr2ogr_" + os.path.basename(rel))
+        subprocess.run(["ogr2ogr", "-overwrite", "-s_srs", scene, "-t_srs", PULKOVO, theirs, os.path.join(out, rel)],
+                       check=True, capture_output=True)
+        a, b = vertices(mine), vertices(theirs)
+        if len(a) != len(b):
+            problems.append(f"{mine}: {len(a)} vertices, ogr2ogr gives {len(b)}")
+            continue
+        worst = max((apart(p, q) for p, q in zip(a, b)), default=0.0)
+        if worst > TOLERANCE:
+            problems.append(f"{mine}: differs from ogr2ogr by {worst} degrees")
 
 
 def check_scene_prj(scene, out, problems):
-    path = os.path.join(out, "HYPS/Hypsa.shp")
     expected = osr.SpatialReference()
     expected.ImportFromProj4(scene)
     esri = osr.SpatialReference()
     esri.SetFromUserInput(expected.ExportToWkt(["FORMAT=WKT1_ESRI"]))
-    ds = ogr.Open(path)  # the layer lives as long as its data source
-    got = ds.GetLayer().GetSpatialRef()
-    if got is None or not got.IsSame(esri):
-        problems.append(f"{path}: the .prj is not the scene's system {scene}")
+    for rel in shape_files(out):
+        if rel.startswith("latlong/"):
+            continue
+        path = os.path.join(out, rel)
+        ds = ogr.Open(path)  # the layer lives as long as its data source
+        got = ds.GetLayer().GetSpatialRef()
+        if got is None or not got.IsSame(esri):
+            problems.append(f"{path}: the .prj is not the scene's system {scene}")
 
 
 def self_test(root):
@@ -204,10 +255,12 @@ def main():
             if not generate(tool, sheet, scene, out):
                 problems.append(f"{sheet.name()} in {scene}: the generator answered false")
                 continue
-            for path in ("HYPS/Hypsa.shp", "latlong/HYPS/Hypsa.shp"):
+            check_files(sheet, out, problems)
+            for path in shape_files(out):
                 check_ogrinfo(os.path.join(out, path), problems)
             check_latlong(sheet, out, problems)
-            check_back_projection(scene, out, problems)
+            check_latlong_prj(out, problems)
+            check_back_projection(scene, out, problems, every_file=scene != PULKOVO)  # the area in degrees
             check_scene_prj(scene, out, problems)
         print(f"{sheet.name()}: checked")
     problems += self_test(root)

@@ -68,6 +68,18 @@ inline std::set<std::string> shape_set(const std::string& folder, const std::str
   return out;
 }
 
+// The files of several shape sets, each named as "folder/name" under the prefix.
+inline std::set<std::string> shape_sets(const std::vector<std::string>& shapes,
+                                        const std::string& prefix = "") {
+  std::set<std::string> out;
+  for (const std::string& f : shapes) {
+    const size_t slash = f.rfind('/');
+    const auto one = shape_set(prefix + f.substr(0, slash), f.substr(slash + 1));
+    out.insert(one.begin(), one.end());
+  }
+  return out;
+}
+
 using message_log = error_log;
 
 // Parameters of a standard sheet written under dir in the scene, with the divisions given.

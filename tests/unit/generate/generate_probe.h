@@ -56,6 +56,7 @@ struct sheet_probe : probe<vx::stdlist::stdlist_generate> {
   using stdlist_generate::left_name_width;
   using stdlist_generate::mid_meridian;
   using stdlist_generate::right_name;
+  using stdlist_generate::right_name_width;
   using stdlist_generate::top_name;
   using stdlist_generate::top_name_width;
 };

@@ -30,3 +30,21 @@ set_tests_properties(generate.vxk_generate_many PROPERTIES ENVIRONMENT "${VXK_TE
 add_test(NAME generate.demo
   COMMAND ${VXK_GDAL_PYTHON} ${CMAKE_CURRENT_LIST_DIR}/demo_test.py ${CMAKE_BINARY_DIR})
 set_tests_properties(generate.demo PROPERTIES ENVIRONMENT "${VXK_TEST_ENV}")
+
+# The graticule lines and the frames measured with GDAL and GEOS.
+add_test(NAME generate.gdal_lines
+  COMMAND ${VXK_GDAL_PYTHON} ${CMAKE_CURRENT_LIST_DIR}/gdal_lines_check.py $<TARGET_FILE:generate_tool>)
+set_tests_properties(generate.gdal_lines PROPERTIES ENVIRONMENT "${VXK_TEST_ENV}")
+
+# The dashes of the coordinate labels, written alone by a program over the generator's classes,
+# measured with GDAL and GEOS.
+add_executable(dash_tool ${CMAKE_CURRENT_LIST_DIR}/dash_tool.cpp)
+target_link_libraries(dash_tool PRIVATE vxk_proj4_shp_static)
+add_test(NAME generate.gdal_dashes
+  COMMAND ${VXK_GDAL_PYTHON} ${CMAKE_CURRENT_LIST_DIR}/gdal_dashes_check.py $<TARGET_FILE:dash_tool>)
+set_tests_properties(generate.gdal_dashes PROPERTIES ENVIRONMENT "${VXK_TEST_ENV}")
+
+# The neighbours' names, the coordinate labels and the minute marks measured with GDAL and GEOS.
+add_test(NAME generate.gdal_marks
+  COMMAND ${VXK_GDAL_PYTHON} ${CMAKE_CURRENT_LIST_DIR}/gdal_marks_check.py $<TARGET_FILE:generate_tool>)
+set_tests_properties(generate.gdal_marks PROPERTIES ENVIRONMENT "${VXK_TEST_ENV}")

@@ -45,8 +45,22 @@ def area(path):
     return ds, layer, f
 
 
-def check_set(out, name, box, scene_is_geographic=False):
-    for rel in ("HYPS/Hypsa", "latlong/HYPS/Hypsa"):
+def shape_sets(kind):
+    """The shape files of a run, scene set and latlong set, for a "sheet", a "sheet200" or a "box": a box
+    has no graticule points, and the frame of the neighbours stands in the scene set of a 1:200,000
+    sheet only."""
+    common = ("HYPS/Hypsa", "HYPS/Hypsl") + (() if kind == "box" else ("HYPS/Hypsp",)) + ("FRAME/Frame",
+                                                                                         "FRAME/FrameDig")
+    adjacent = ("FRAME/FrameAdj",) if kind == "sheet200" else ()
+    return common + adjacent, tuple("latlong/" + r for r in common)
+
+
+def check_set(out, name, box, kind="sheet", scene_is_geographic=False):
+    scene, latlong = shape_sets(kind)
+    found = sorted(os.path.relpath(os.path.join(d, n), out)[:-4] for d, _, names in os.walk(out) for n in names
+                   if n.endswith(".shp"))
+    expect(found == sorted(scene + latlong), f"{out}: shape files {found}, expected {sorted(scene + latlong)}")
+    for rel in scene + latlong:
         for ext in (".shp", ".shx", ".dbf", ".prj", ".pj4", ".cpg"):
             expect(os.path.exists(os.path.join(out, rel + ext)), f"{out}: no {rel}{ext}")
         with open(os.path.join(out, rel + ".cpg")) as f:
@@ -68,10 +82,18 @@ def check_sheets():
     out = fresh("n37vi")
     rc, stdout, err = run("N-37-VI", "--out", out)
     expect(rc == 0, f"N-37-VI: exit {rc}: {err}")
-    expect("HYPS/Hypsa.shp" in stdout and "latlong/HYPS/Hypsa.shp" in stdout and "written to" in stdout,
-           f"N-37-VI: output {stdout!r}")
+    # Frame: 2 frames, the 4 pieces of the broken outer frame, and the marks of 61 by 41 positions (122 +
+    # 82 ticks, 60 + 40 bars) with the ticks of 4 meridians and 3 parallels (8 + 6); FrameDig: the labels
+    # of 1 parallel (4) and 2 meridians (4) and of the corners (8 + 4)
+    for listed in ("HYPS/Hypsa.shp             1 record", "HYPS/Hypsl.shp             4 records",
+                   "HYPS/Hypsp.shp             81 records", "FRAME/Frame.shp            324 records",
+                   "FRAME/FrameAdj.shp         4 records", "FRAME/FrameDig.shp         20 records",
+                   "latlong/HYPS/Hypsl.shp     4 records", "latlong/HYPS/Hypsp.shp     81 records",
+                   "latlong/FRAME/Frame.shp    324 records", "latlong/FRAME/FrameDig.shp 20 records",
+                   "written to"):
+        expect(listed in stdout, f"N-37-VI: {listed!r} not in the output {stdout!r}")
     expect("+lon_0=39" in stdout and "+x_0=7500000" in stdout, f"N-37-VI: not zone 7: {stdout!r}")
-    check_set(out, "N-37-VI", (41, 42, 56 - 2 / 3, 56))
+    check_set(out, "N-37-VI", (41, 42, 56 - 2 / 3, 56), "sheet200")
 
     for text in (" n-37-vi ", "N-37-ХІ", "М-37", "n-37,38"):  # blanks, case, Cyrillic look-alikes
         out = fresh("forgiving")
@@ -109,7 +131,7 @@ def check_box():
     out = fresh("box")
     rc, stdout, err = run("--box", "30", "36", "50", "54", "--steps", "1", "1", "--out", out)
     expect(rc == 0, f"--box: exit {rc}: {err}")
-    check_set(out, "Base list", (30, 36, 50, 54))
+    check_set(out, "Base list", (30, 36, 50, 54), "box")
     expect("+lon_0=33" in stdout, f"--box: not the zone of its middle: {stdout!r}")
 
 
@@ -146,6 +168,10 @@ def check_usage():
     rc, stdout, _ = run("--help")
     expect(rc == 0 and "--lon-divs M,A" in stdout and "every 10'" in stdout and "--scene" in stdout,
            f"--help: {stdout!r}")
+    for words in ("HYPS/Hypsa.shp", "HYPS/Hypsl.shp", "HYPS/Hypsp.shp", "LAT", "LON", "FRAME/Frame.shp",
+                  "FRAME/FrameDig.shp", "FRAME/FrameAdj.shp", "400911", "400912", "FONT", "SIZE", "GRAD", "INDICATION", "400013",
+                  "400903"):
+        expect(words in stdout, f"--help does not describe {words!r}")
 
 
 def check_replacing():
