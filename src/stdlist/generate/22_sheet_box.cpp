@@ -113,14 +113,20 @@ struct point {
 // Which axes a level decides: the band letter the latitude, the column the longitude, the others both.
 enum axes { X = 1, Y = 2, XY = 3 };
 
+// The edges of neighbouring sheets are computed in different ways and may differ by rounding: a point
+// closer to an edge than this lies on it.
+constexpr double ON_EDGE = 1e-9;
+
 // On an edge, the sheet east of it and the one farther from the equator; the far edge of the last band
 // belongs to that band.
 bool holds(const box& b, const point& p, axes along) {
-  const bool in_x = !(along & X) || (b.xmin <= p.x && p.x < b.xmax);
+  const bool in_x = !(along & X) || (b.xmin - ON_EDGE <= p.x && p.x < b.xmax - ON_EDGE);
   if (!(along & Y)) return in_x;
-  const bool in_y = p.hemisphere == VX_STDLIST_NORTH
-                        ? b.ymin <= p.y && (p.y < b.ymax || (p.y == b.ymax && p.y == LAST_BAND_EDGE))
-                        : b.ymax >= p.y && (p.y > b.ymin || (p.y == b.ymin && p.y == -LAST_BAND_EDGE));
+  const bool last_band = std::fabs(p.y) == LAST_BAND_EDGE;
+  const bool in_y =
+      p.hemisphere == VX_STDLIST_NORTH
+          ? b.ymin - ON_EDGE <= p.y && (p.y < b.ymax - ON_EDGE || (last_band && p.y <= b.ymax + ON_EDGE))
+          : p.y <= b.ymax + ON_EDGE && (b.ymin + ON_EDGE < p.y || (last_band && b.ymin - ON_EDGE <= p.y));
   return in_x && in_y;
 }
 

@@ -183,6 +183,25 @@ TEST(SheetAt, AnEdgeGoesEastAndAwayFromTheEquator) {
   EXPECT_EQ(designation_at(VX_STDLIST_SC_200, 42, -56, VX_STDLIST_SOUTH), L"O-38-XXXI");
 }
 
+// The corner where the sheet's west edge meets its edge farther from the equator, as its own box gives
+// it, finds the sheet: neighbours compute the edge they share in different ways, and the rounding of one
+// must not hand the corner to the other.
+TEST(SheetAt, TheCornerOfEachSheetOnItsOwnEdgesFindsIt) {
+  for (Tvx_stdlist_hemisphere h : {VX_STDLIST_NORTH, VX_STDLIST_SOUTH}) {
+    for (std::uint64_t n100 = 1; n100 <= 144; ++n100) {
+      for (std::uint64_t n10 = 1; n10 <= 4; ++n10) {
+        const stdlist_string want = record({VX_STDLIST_SC_10, 14, 37, 1, 1, n100, 1 + n100 % 4, 2, n10}, h);
+        sb::box b;
+        ASSERT_TRUE(sb::of(want, b));
+        stdlist_string got;
+        const double far_edge = h == VX_STDLIST_NORTH ? b.ymin : b.ymax;
+        ASSERT_TRUE(sb::find(VX_STDLIST_SC_10, h, b.xmin, far_edge, got));
+        EXPECT_TRUE(got == want) << n100 << " " << n10;
+      }
+    }
+  }
+}
+
 TEST(SheetAt, TheEquatorTheDateLineAndThePoles) {
   EXPECT_EQ(designation_at(VX_STDLIST_SC_MLN, 180, 0), L"A-1");
   EXPECT_EQ(designation_at(VX_STDLIST_SC_MLN, -180, 0, VX_STDLIST_SOUTH), L"A-1");
