@@ -146,8 +146,9 @@ void take(const std::vector<std::string>& args, size_t& i, options& o) {
     o.format_given = true;
   } else if (a == "--at") {
     set_mode(o, mode::at, a);
-    o.lat = value(args, i, "a latitude and a longitude");
-    o.lon = value(args, i, "a latitude and a longitude");
+    if (i + 2 >= args.size()) throw usage_error{"--at needs a latitude and a longitude"};
+    o.lat = args[++i];
+    o.lon = args[++i];
   } else if (a == "--neighbours" || a == "--neighbors") {
     set_mode(o, mode::neighbours, a);
   } else if (a == "--bounds") {

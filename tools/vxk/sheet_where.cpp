@@ -3,6 +3,7 @@
 
 #include <cmath>
 #include <cstdio>
+#include <cstdlib>
 #include <string>
 #include <vector>
 
@@ -25,6 +26,8 @@ const Tvx_stdlist_scale ALL_SCALES[] = {VX_STDLIST_SC_MLN, VX_STDLIST_SC_500, VX
 // PROJ reads them ("55d45'21\"N", "37d37'E").
 double angle_of(const std::string& text, const char* what) {
   char* end = nullptr;
+  const double plain = std::strtod(text.c_str(), &end);  // exactly the number written, not via radians
+  if (!text.empty() && !*end && std::isfinite(plain)) return plain;
   const double radians = proj_dmstor(text.c_str(), &end);
   if (text.empty() || !end || *end || !std::isfinite(radians))
     throw usage_error{std::string(what) + " takes degrees, as in 55.7558 or 55d45'21\"N, not '" + text + "'"};
@@ -93,7 +96,7 @@ std::wstring side_note(Tvx_stdlist_hemisphere hemisphere) {
 // The other sheets whose edge the point lies on: those found a hair away from it in each diagonal
 // direction, the equator crossed where the point lies on it.
 std::vector<std::wstring> also_on_edge(Tvx_stdlist_scale scale, const point& p, const std::wstring& found) {
-  const double hair = 1e-9;
+  const double hair = 1e-7;  // beyond the width the library gives an edge
   std::vector<std::wstring> out;
   for (double dx : {-hair, hair}) {
     for (double dy : {-hair, hair}) {
