@@ -65,7 +65,9 @@ struct point {
 };
 
 point point_of(const std::string& lat_text, const std::string& lon_text, bool south) {
-  const double lat = angle_of(lat_text, "the latitude"), lon = angle_of(lon_text, "the longitude");
+  const double lat = angle_of(lat_text, "the latitude");
+  double lon = angle_of(lon_text, "the longitude");
+  if (std::fabs(lon) > 180.0) lon = std::remainder(lon, 360.0);  // the same meridian, from -180 to 180
   if (std::fabs(lat) > 90.0)
     throw usage_error{"the latitude " + lat_text + " is not between -90 and 90" +
                       (std::fabs(lon) <= 90.0 ? " (--at takes the latitude first, then the longitude)" : "")};

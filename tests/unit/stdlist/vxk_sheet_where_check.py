@@ -148,7 +148,8 @@ def check_points():
     # Edges of every level: whole degrees, sixteenths of a degree (the 1:10,000 columns), the equator,
     # the date line, the last band's far edge.
     points += [(56, 42), (55, 37.5), (54, 37.5625), (0, 37), (0, 180), (0, -180), (4, 6), (88, 36.5),
-               (-88, -179.9375), (-56, 42), (-4, 0), (87.999, 179.999), (60, 0), (-60, 0.0625)]
+               (-88, -179.9375), (-56, 42), (-4, 0), (87.999, 179.999), (60, 0), (-60, 0.0625),
+               (-45, 180), (88, -180), (45, -900), (45, 540), (-87.75, 359.9375), (0, 0)]
     for lat, lon in points:
         check_point(lat, lon)
     check_point(0, 37, south=True)
@@ -159,6 +160,26 @@ def check_points():
            f"56 42: the other sheets of the edge are {rows['1:1000000'][1]!r}")
     rows = check_point(0, 37)
     expect("A-37 (south)" in rows["1:1000000"][1], f"0 37: {rows['1:1000000']}")
+    # 180 degrees: the sheet east of the date line, column 1, whichever turn of the globe is written.
+    for lat, lon in [(-45, 180), (45, -180), (45, -900), (45, 540)]:
+        rows = check_point(lat, lon)
+        expect(rows["1:1000000"] == ("L-1", "(on its edge, also L-60)"), f"{lat} {lon}: {rows['1:1000000']}")
+        others = rows["1:10000"][1].rstrip(")").split("also ")[-1].split(", ")
+        expect(rows["1:10000"][0] == "L-1-97-В-в-3" and
+               sorted(others) == ["L-1-109-А-а-1", "L-60-108-Г-г-4", "L-60-120-Б-б-2"],
+               f"{lat} {lon}: {rows['1:10000']}")
+    # The far edge of the last band belongs to it; the pole and the cap beyond have no sheet.
+    rows = check_point(88, -180)
+    expect(rows["1:10000"] == ("V-1-1-А-а-1", "(the library writes -1-А-а-1; on its edge, also V-60-12-Б-б-2)"),
+           f"88 -180: {rows['1:10000']}")
+    for lat in ["88.0000001", "90", "-90", "-88.5"]:
+        rc, out, err = run("--at", lat, "0")
+        expect(rc == 1 and out == "" and "polar cap" in err, f"--at {lat}: exit {rc}, {out!r} {err!r}")
+    # The equator: the northern sheet unless --south, the other hemisphere's named as such.
+    rows = check_point(0, 0)
+    expect(rows["1:1000000"] == ("A-31", "(on its edge, also A-30 (south), A-30, A-31 (south))"), f"0 0: {rows}")
+    rows = check_point(0, 0, south=True)
+    expect(rows["1:1000000"] == ("A-31", "(on its edge, also A-30, A-30 (north), A-31 (north))"), f"0 0 S: {rows}")
     rows = check_point(55.7558, 37.6173)
     expect(rows["1:10000"] == ("N-37-4-В-а-4", "(the library writes -4-В-а-4)"), f"Moscow: {rows['1:10000']}")
 
