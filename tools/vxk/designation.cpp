@@ -299,10 +299,22 @@ void read_printed_designation(const std::string& utf8, bool south, Tvx_stdlist_s
 
 // ---- where sheets lie ------------------------------------------------------------------------------
 
+namespace {
+
+// Every edge of the series lies on a whole number of 75 seconds (1/48 degree: the 1:10,000 sheets are
+// 3'45" wide and 2'30" high). The library's edges carry the rounding of how they are computed
+// (3.3e-16 for the equator); the nearest such multiple, where it is that near, is the edge itself.
+double edge(double degrees) {
+  const double multiple = std::round(degrees * 48.0) / 48.0 + 0.0;  // + 0.0: no "-0"
+  return std::fabs(multiple - degrees) < 1e-9 ? multiple : degrees;
+}
+
+}  // namespace
+
 sheet_box box_of(const Tvx_stdlist_string* sheet) {
   sheet_box b{};
   fail_if(!vx_stdlist_get_box(sheet, &b.west, &b.east, &b.south, &b.north), "the sheet is not valid");
-  return b;
+  return {edge(b.west), edge(b.east), edge(b.south), edge(b.north)};
 }
 
 std::vector<sheet_record> children_of(const Tvx_stdlist_string* sheet, Tvx_stdlist_scale scale) {

@@ -51,7 +51,8 @@ std::wstring full_designation_of(const Tvx_stdlist_string* sheet);
 void read_printed_designation(const std::string& utf8, bool south, Tvx_stdlist_string* sheet,
                               Tvx_stdlist_type type = 0);
 
-// The box of a valid sheet in degrees of Pulkovo 1942, as the library lays it out.
+// The box of a valid sheet in degrees of Pulkovo 1942, as the library lays it out, its edges on the
+// whole 75 seconds where the series puts them.
 struct sheet_box {
   double west, east, south, north;
 };

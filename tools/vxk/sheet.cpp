@@ -4,6 +4,7 @@
 #include "sheet.h"
 
 #include <cstdio>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -43,8 +44,10 @@ const char* const kUsage =
     "  --type N      join N sheets in one row: 1 single, 2 double, 3 triple, 4 quadruple;\n"
     "                the designation names the first (westernmost) sheet\n"
     "  --neighbours  the designations of the four neighbours of a 1:200,000 sheet (left, right, upper,\n"
-    "                lower), of the same type as the sheet, as the library's rule gives them; a neighbour\n"
-    "                past the pole or across the equator, where that rule wraps, is marked as such\n"
+    "                lower), of the same type as the sheet, as the library's rule gives them; where the\n"
+    "                upper or lower one is not the sheet north or south of it (past the pole, across\n"
+    "                the equator, band U in the north, every sheet in the south), the sheet that lies\n"
+    "                there is named beside it, with the reason\n"
     "  --bounds      the sheet's corners in degrees of Pulkovo 1942, as the generator lays the sheet out\n"
     "                (for a joined sheet, its first sheet's and its own)\n"
     "  --children    the sheets of the finer --scale that lie in the sheet, row by row from the corner\n"
@@ -240,37 +243,50 @@ void print_lists() {
 
 // ---- neighbours of a 1:200,000 sheet ----------------------------------------------------------------
 
-const std::uint64_t BAND_A = 1, BAND_U = 21, BAND_V = 22;
+// The sheet of the same type that lies north (or south) of the sheet: the one that holds a point just
+// past the middle of the edge of its first sheet. None past the last band.
+struct beyond {
+  std::string name;
+  bool across_equator;
+};
 
-// The sheet with another band and Roman numeral, as the library prints it.
-std::string moved(const Tvx_stdlist_string* sheet, std::uint64_t letter, std::uint64_t roman) {
-  sheet_record copy(sheet);
-  vx_stdlist_set_mln_letter_idx(copy.get(), letter);
-  vx_stdlist_set_200_roman_idx(copy.get(), roman);
-  return u8(designation_of(copy.get()));
+std::optional<beyond> sheet_beyond(const Tvx_stdlist_string* sheet, bool north) {
+  const Tvx_stdlist_hemisphere hemisphere = vx_stdlist_get_hemisphere(sheet);
+  sheet_record first(sheet);
+  vx_stdlist_init(first.get(), VX_STDLIST_SC_200, VX_STDLIST_TP_SGL, hemisphere);
+  const vxk::sheet_box b = vxk::box_of(first.get());
+  const double lat = north ? b.north + 1e-6 : b.south - 1e-6;
+  const Tvx_stdlist_hemisphere side = lat < 0.0 ? VX_STDLIST_SOUTH : VX_STDLIST_NORTH;
+  sheet_record found;
+  if (!vx_stdlist_init_at(found.get(), VX_STDLIST_SC_200, side, (b.west + b.east) / 2, lat))
+    return std::nullopt;
+  vx_stdlist_init(found.get(), VX_STDLIST_SC_200, vx_stdlist_get_type(sheet), side);
+  return beyond{u8(designation_of(found.get())), side != hemisphere};
 }
 
-// Where the library's rule for the sheet above or below leaves the globe, it wraps the band letter
-// (past the last band, "V", to "A"; in the north already past "U") or stays in the hemisphere at the
-// equator. The rule is kept; these notes say what it did. Empty when the neighbour is a plain one.
-std::string vertical_note(const Tvx_stdlist_string* sheet, bool upper) {
-  const bool north = vx_stdlist_get_hemisphere(sheet) == VX_STDLIST_NORTH;
-  const std::uint64_t letter = vx_stdlist_get_mln_letter_idx(sheet),
-                      roman = vx_stdlist_get_200_roman_idx(sheet);
-  const bool first_row = roman <= 6, last_row = roman > 30;
-  const bool toward_pole = upper == north;
-  if (toward_pole && (upper ? first_row : last_row)) {
-    if (letter == BAND_V)
-      return "past the pole: no sheet lies beyond band V (88 degrees); the library's rule wraps to band A";
-    if (letter == BAND_U && north)
-      return "the library's rule carries band U to A in the north; the sheet above is " +
-             moved(sheet, BAND_V, roman + 30);
-  }
-  if (!toward_pole && letter == BAND_A && (upper ? first_row : last_row))
-    return std::string("across the equator: the library's rule stays in the ") +
-           (north ? "northern" : "southern") + " hemisphere; the neighbour is a sheet of band A in the " +
-           (north ? "south" : "north");
-  return {};
+// Why the library's rule does not give the sheet that lies there. Its upper neighbour steps to the row
+// before, its lower one to the row after, wrapping into the next band by the band letter's own rule.
+std::string why_not(const Tvx_stdlist_string* sheet, const std::optional<beyond>& real) {
+  if (vx_stdlist_get_hemisphere(sheet) == VX_STDLIST_SOUTH)
+    return "in the south the rows count from the south edge of the million sheet, which the library's "
+           "rule does not follow";
+  if (!real) return "past the pole";
+  if (real->across_equator) return "across the equator, which the library's rule does not cross";
+  return "the library's rule carries band U to A in the north";
+}
+
+// Where the library's upper (or lower) neighbour is not the sheet north (or south) of the sheet, which
+// sheet is; empty when it is. The rule is kept as it is; the note tells the map maker.
+std::string vertical_note(const Tvx_stdlist_string* sheet, const std::wstring& given, bool upper) {
+  const std::optional<beyond> real = sheet_beyond(sheet, upper);
+  if (real && !real->across_equator && real->name == u8(given)) return {};
+  const std::string side = upper ? "north" : "south";
+  const std::string what = !real ? "no sheet lies " + side + " of it, the bands end at 88 degrees"
+                                 : "the sheet " + side + " of it is " + real->name +
+                                       (real->across_equator ? (upper ? " in the northern hemisphere"
+                                                                      : " in the southern hemisphere")
+                                                             : "");
+  return why_not(sheet, real) + ": " + what;
 }
 
 void print_neighbours(const Tvx_stdlist_string* sheet) {
@@ -285,7 +301,7 @@ void print_neighbours(const Tvx_stdlist_string* sheet) {
   const char* const names[] = {"left:  ", "right: ", "upper: ", "lower: "};
   for (int i = 0; i < 4; ++i) {
     std::printf("%s %s\n", names[i], u8(n[i]).c_str());
-    const std::string note = i >= 2 ? vertical_note(sheet, i == 2) : "";
+    const std::string note = i >= 2 ? vertical_note(sheet, n[i], i == 2) : "";
     if (!note.empty()) std::printf("        (%s)\n", note.c_str());
   }
 }

@@ -101,12 +101,24 @@ OUTPUTS = [
     (["--neighbours", "U-37-I"], ["upper:  A-37-XXXI\n"]),
     (["--neighbours", "--south", "A-37-III"], ["upper:  A-37-XXXIII\n"]),
     (["--neighbours", "N-37-XXXI"], ["lower:  M-37-I\n"]),
-    (["--neighbours", "V-37-II"], ["upper:  A-37-XXXII\n        (past the pole: no sheet lies beyond band V"]),
-    (["--neighbours", "--south", "V-37-XXXII"], ["lower:  A-37-II\n        (past the pole"]),
-    (["--neighbours", "U-37-I"], ["carries band U to A in the north; the sheet above is V-37-XXXI)"]),
-    (["--neighbours", "A-37-XXXIII"], ["lower:  A-37-III\n        (across the equator: the library's rule stays "
-                                       "in the northern hemisphere"]),
-    (["--neighbours", "--south", "A-37-III"], ["(across the equator: the library's rule stays in the southern"]),
+    # Where the library's upper or lower neighbour is not the sheet north or south of it, that sheet is
+    # named with the reason (worked out from the layout: rows from the north edge of the million sheet in
+    # the north, from its south edge in the south).
+    (["--neighbours", "V-37-II"], ["upper:  A-37-XXXII\n        (past the pole: no sheet lies north of it, the bands "
+                                   "end at 88 degrees)\nlower:  V-37-VIII\n"]),
+    (["--neighbours", "U-37-I"], ["upper:  A-37-XXXI\n        (the library's rule carries band U to A in the north: "
+                                  "the sheet north of it is V-37-XXXI)\n"]),
+    (["--neighbours", "A-37-XXXIII"], ["lower:  A-37-III\n        (across the equator, which the library's rule does "
+                                       "not cross: the sheet south of it is A-37-XXXIII in the southern hemisphere)"]),
+    (["--neighbours", "--south", "A-37-III"], ["upper:  A-37-XXXIII\n        (in the south the rows count from the "
+                                               "south edge of the million sheet, which the library's rule does not "
+                                               "follow: the sheet north of it is A-37-IX)\n",
+                                               "lower:  A-37-IX\n        (in the south", "south of it is B-37-XXXIII)"]),
+    (["--neighbours", "--south", "A-37-XXXIII"], ["upper:  A-37-XXVII\n        (in the south", "the sheet north of "
+                                                  "it is A-37-XXXIII in the northern hemisphere)"]),
+    (["--neighbours", "--south", "V-37-III"], ["lower:  V-37-IX\n        (in the south", "no sheet lies south of "
+                                               "it, the bands end at 88 degrees)"]),
+    (["--neighbours", "--type", "2", "N-37-VI"], ["upper:  O-37-XXXVI,38-XXXI\nlower:  N-37-XII,38-VII\n"]),
     (["--neighbours", "B-37-XXXIII"], ["lower:  A-37-III\n"]),
     (["--lists"], ["hemispheres:   N, S", "1:200000:      I, II, III", "XXXVI", "1:25000:       а, б, в, г",
                    "Счетверенный лист", '"", 1:1000000, 1:500000, 1:200000']),
@@ -121,5 +133,7 @@ OUTPUTS = [
                                'south:  55.333333333333336   55°20\'00"N\n']),
     (["N-37-VI", "--bounds", "--format", "wkt"], ["POLYGON ((41 55.333333333333336, 42 55.333333333333336, 42 56, "
                                                   "41 56, 41 55.333333333333336))\n"]),
+    # The equator is 0, not the 3.3e-16 of the library's arithmetic.
+    (["--south", "A-37-XXXIII", "--bounds"], ["south:  -0.6666666666666666  0°40'00\"S\nnorth:  0      "]),
     (["--children", "N-37-VI", "--scale", "1:100000"], ["N-37-11\nN-37-12\nN-37-23\nN-37-24\n"]),
 ]
