@@ -9,7 +9,6 @@ import json
 import math
 import os
 import random
-import subprocess
 import sys
 from fractions import Fraction as F
 
@@ -17,9 +16,9 @@ from osgeo import ogr
 
 ogr.UseExceptions()
 
-VXK = os.path.join(os.environ.get("VXK_BIN_DIR", "."), "vxk")
+from vxk_sheet_check import expect, failures, run  # next to this script
+
 TMP = os.environ.get("VXK_TEST_TMP", "/tmp")
-failures = []
 
 LETTERS = "ABCDEFGHIJKLMNOPQRSTUV"
 ROMANS = ("I II III IV V VI VII VIII IX X XI XII XIII XIV XV XVI XVII XVIII XIX XX XXI XXII XXIII XXIV XXV "
@@ -34,16 +33,6 @@ LEVELS = {
     "1:25000": ("1:50000", 2, 2, lambda i: "абвг"[i]),
     "1:10000": ("1:25000", 2, 2, lambda i: str(i + 1)),
 }
-
-
-def expect(cond, what):
-    if not cond:
-        failures.append(what)
-
-
-def run(*args):
-    p = subprocess.run([VXK, "sheet", *args], capture_output=True)
-    return p.returncode, p.stdout.decode("utf-8"), p.stderr.decode("utf-8")
 
 
 # ---- the nomenclature, worked out here ------------------------------------------------------------------
