@@ -5,6 +5,7 @@
     s.neighbours                             # its four neighbours
     vxk.sheets_of("N-37", scale="1:200000")  # the sheets of a finer scale in it
     vxk.reproject("roads.shp", "gk/roads.shp", src="+proj=longlat ...", dst="+proj=tmerc ...")
+    vxk.generate("N-37-VI", "out/")          # the shape files that draw the sheet, both sets
 
 The package calls the shared library through ctypes. It finds the library installed with the project
 (``cmake --install``), or at the path in the environment variable ``VXK_LIBRARY``. Failures that the
@@ -17,7 +18,9 @@ from . import lists
 from ._native import lib as _lib
 from ._support import live_handles
 from .errors import DesignationError, FileError, LibraryNotFoundError, ProjectionError, VxkError
+from .generate import Generated, gauss_kruger, generate, generate_box, geographic_system
 from .labels import Callout, Label, Size, TextList, TldFile
+from .points import Transformer
 from .projection import (
     can_transform,
     catalogue,
@@ -38,6 +41,7 @@ __all__ = [
     "Callout",
     "DesignationError",
     "FileError",
+    "Generated",
     "Hemisphere",
     "Label",
     "LibraryNotFoundError",
@@ -50,12 +54,17 @@ __all__ = [
     "Size",
     "TextList",
     "TldFile",
+    "Transformer",
     "VxkError",
     "can_transform",
     "catalogue",
     "describe",
     "esri_wkt",
+    "gauss_kruger",
     "gdal_form",
+    "generate",
+    "generate_box",
+    "geographic_system",
     "get_language",
     "is_longlat",
     "library_path",
