@@ -133,7 +133,8 @@ def main():
     r = vxk(src, os.path.join(TMP, "no", "such", "folder.tld"), "--from", SRC, "--to", DST)
     check(r.returncode == 1 and "cannot create" in r.stderr, "a missing destination folder exits 1")
     r = vxk(src, dst, "--from", SRC)
-    check(r.returncode == 2 and "usage:" in r.stderr, "a missing --to is a usage error")
+    check(r.returncode == 2 and "--to" in r.stderr and r.stderr.endswith("(see 'vxk labels --help')\n"),
+          "a missing --to is a usage error, told in one line")
     r = vxk()
     check(r.returncode == 2, "no arguments is a usage error")
     r = vxk("--help")
