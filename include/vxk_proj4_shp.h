@@ -289,29 +289,50 @@ VX_API uint64_t vx_stdlist_set_10_number_str(Tvx_stdlist_string* sheet, wchar_t 
  * records. The projections are PROJ strings (the text itself, never a file name).
  *   - A record that cannot be transformed (a vertex outside the projection's domain) is written as a
  *     null record, so that record i of the result still belongs to row i of the table; the run goes on.
+ *     So is a record that cannot be read whole (a damaged source: a file cut short, counts that do not
+ *     fit the record), and the damage is reported through the host environment.
  *   - Measured records (PointM, PolyLineM, PolygonM, MultiPointM) are written as their plain types
  *     without measures; records with z keep their z values unchanged.
  *   - The .dbf and .cpg of the source are copied byte for byte beside the result, replacing any there;
- *     a source without them leaves none. No .prj is written.
- *   - An existing dst_file and its .shx are replaced.
- * False only when the transformation cannot be built from the two texts; then no file is touched. A
- * file that cannot be read or written is reported through the host environment and does not change the
- * result (a source that cannot be opened gives a destination of zero records).
+ *     a source without them leaves none. One that exists and cannot be copied is reported. No .prj is
+ *     written.
+ *   - An existing dst_file and its .shx are replaced, written in place as the run goes: a run that
+ *     fails half-way leaves a half-written destination. (The vxk program writes under temporary names
+ *     and renames into place instead.)
+ * False when the transformation cannot be built from the two texts, and when a file the run would
+ * write is a file it reads (the same path, another spelling of it, or a link: compared by identity);
+ * then no file is touched, and the reason (for the transformation: which text PROJ refused, and PROJ's
+ * reason) is reported through the host environment.
+ * Otherwise true, also when files fail: a source that cannot be opened or is not a shape file (wrong
+ * file code, shorter than a header, a folder) is reported and gets no destination at all; a read, write
+ * or copy that fails is reported with the file's name and the system's reason, and the run goes on.
+ * PROJ prints nothing: the library catches PROJ's log on PROJ's default context, and passes each text
+ * on as a message through the host environment once, with the number of times PROJ gave it.
  * Narrow texts are UTF-8. */
 VX_API bool vx_proj4_shp(const char* src_file, const char* src_proj, const char* dst_file,
                          const char* dst_proj);
 VX_API bool vx_proj4_shp_w(const wchar_t* src_file, const wchar_t* src_proj, const wchar_t* dst_file,
                            const wchar_t* dst_proj);
 
-/* vx_proj4_shp for callers that show progress or report what was lost (the vxk program): the same run
- * and result, with two additions. progress, if not null, is called after each record with the number
- * of records done and the number in the source, and user as given. counts, if not null, receives the
- * number of records written and, of these, the number written as null records because their
- * transformation failed (null records of the source are not counted there). */
+/* vx_proj4_shp for callers that show progress or must tell a good run from a lossy one (the vxk
+ * program): the same run and result, with two additions. progress, if not null, is called after each
+ * record with the number of records done and the number in the source, and user as given. counts, if
+ * not null, receives:
+ *   records      the number of records written;
+ *   failed       of these, null records written because their transformation failed;
+ *   unreadable   records of the source that could not be read (the source is damaged): null records
+ *                written in their place, and records that the source's index counts but no longer
+ *                holds (a cut-off .shx), which have no place in the result; null records of the source
+ *                itself count in neither;
+ *   file_errors  failures of files (a source that cannot be opened or is not a shape file, a read, a
+ *                write, a copy of the .dbf or .cpg), each reported through the host environment. A run
+ *                with file errors has not produced a complete result. */
 typedef void (*vx_proj4_shp_progress_t)(uint32_t done, uint32_t total, void* user);
 typedef struct vx_proj4_shp_counts {
   uint32_t records;
   uint32_t failed;
+  uint32_t unreadable;
+  uint32_t file_errors;
 } vx_proj4_shp_counts;
 VX_API bool vx_proj4_shp_ex(const char* src_file, const char* src_proj, const char* dst_file,
                             const char* dst_proj, vx_proj4_shp_progress_t progress, void* user,
@@ -610,7 +631,10 @@ VX_API Tvx_tld_file* vx_tld_file_open_w(const wchar_t* path);
  * vx_tld_file_get_error tells what was wrong. */
 VX_API bool vx_tld_file_read_all(Tvx_tld_file* file, Tvx_text_list_base* list);
 /* Writes the whole list, replacing the file. mode must be 0 (the only mode); any other value writes
- * nothing and gives false. */
+ * nothing and gives false. The file is written under a fresh name in its folder (the folder of the file
+ * a link points to) and renamed over the old one only when it is complete and on the disk, keeping the
+ * old file's modes: a write that fails (a full disk, a file size limit, a folder where no file can be
+ * made) gives false and leaves the earlier file as it was. */
 VX_API bool vx_tld_file_write_all(Tvx_tld_file* file, const Tvx_text_list_base* list, int mode);
 /* The reason of the last failed read or write of this handle, empty after a success. Valid until the
  * next call on the handle. */
@@ -625,13 +649,17 @@ VX_API void vx_tld_file_close(Tvx_tld_file* file);
  * that cannot be transformed keeps its source position and does not fail the call. */
 
 /* The list is changed in place; false, with the list untouched, when the transformation cannot be
- * built. */
+ * built (the reason is reported through the host environment). */
 VX_API bool vx_proj4_text_list_w(Tvx_text_list_base* list, const wchar_t* src_proj, const wchar_t* dst_proj);
 /* A TLD file to another (they may be the same file). False when a file cannot be opened, or when the
  * transformation cannot be built: the destination then still receives the source's labels unchanged.
  * The source is opened as vx_tld_file_open_w opens any file, so a missing source in an existing folder
  * reads as an empty list: the result is then true and the destination an empty label file. A source
- * that cannot be read whole gives the labels read before the defect. */
+ * that cannot be read whole gives the labels read before the defect. The destination is replaced as
+ * vx_tld_file_write_all replaces it, so a failed write leaves it (and a source given as destination)
+ * as it was. Every failure (a file that cannot be opened, read or written, a transformation that
+ * cannot be built, with which text PROJ refused and why) is reported through the host environment;
+ * PROJ's own reports pass through it as messages, each text once with its count. */
 VX_API bool vx_proj4_tld_w(const wchar_t* src_file, const wchar_t* src_proj, const wchar_t* dst_file,
                            const wchar_t* dst_proj);
 /* The same with UTF-8 texts. */

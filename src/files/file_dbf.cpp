@@ -146,12 +146,44 @@ int Tvx_file_dbf_exe::open(const char* path, bool read_only) {
   f_file_name = path;
   f_read_only = read_only;
   if (f_file->open(path, read_only) != 0) return 1;
-  f_file->read(f_header, HEADER_SIZE);
+  if (!read_header_that_fits()) {
+    close();
+    return 1;
+  }
   set_np(count_descriptors());
   read_descriptors();
   alloc_rec();
   if (f_buff_size < MIN_SCRATCH) alloc_buff(MIN_SCRATCH);
   return 0;
+}
+
+// A table's header must fit the file it heads: a file too short for it, or with sizes that cannot be,
+// is not a table (an empty file, a text renamed), and is refused with its reason. A record count that
+// the file cannot hold is cut to what it holds, and reported as damage.
+bool Tvx_file_dbf_exe::read_header_that_fits() {
+  const uint32_t size = f_file->get_size();
+  const std::wstring name = Tvx_file::widen_path(f_file_name.c_str());
+  std::string fault;
+  if (size >= HEADER_SIZE + 1) f_file->read(f_header, HEADER_SIZE);
+  if (size < HEADER_SIZE + 1) {
+    fault = "it is shorter than the 32-byte header (" + std::to_string(size) + " bytes)";
+  } else if (header_size() < HEADER_SIZE + 1 || header_size() > size) {
+    fault = "its header size " + std::to_string(header_size()) + " does not fit a file of " +
+            std::to_string(size) + " bytes";
+  } else if (record_size() == 0) {
+    fault = "its record size is 0";
+  }
+  if (!fault.empty()) {
+    Tvx_file::report_content(name, "is not a dBASE table: " + fault);
+    return false;
+  }
+  const uint32_t held = (size - header_size()) / record_size();
+  if (get_nr() > held) {
+    Tvx_file::report_content(name, "is damaged: its header counts " + std::to_string(get_nr()) +
+                                       " records, it holds " + std::to_string(held));
+    store_u32(f_header + 4, held);
+  }
+  return true;
 }
 
 // Descriptors run until the byte 13, or until the next one would pass the header size, or the end of

@@ -110,6 +110,7 @@ class Tvx_file_dbf_exe {
   };
 
   uint16_t header_size() const;
+  bool read_header_that_fits();
   uint16_t record_size() const;
   uint8_t* descriptor(uint32_t index) const { return f_prp + DESCRIPTOR_SIZE * index; }
   span field(uint32_t index) const;

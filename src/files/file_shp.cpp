@@ -67,8 +67,15 @@ void Tvx_file_shp_exe::reset_state() {
   f_z_defined = f_m_defined = false;
   f_z_min = f_z_max = f_m_min = f_m_max = 0;
   f_shp_len = f_shx_len = 0;
+  f_valid = false;
+  f_shp_size = f_rec_loaded = f_missing = 0;
+  f_rec_damaged = false;
   f_index->clear();
   f_rec->clear();
+}
+
+unsigned Tvx_file_shp_exe::get_file_failures() const {
+  return f_shp->get_failures() + f_shx->get_failures();
 }
 
 int Tvx_file_shp_exe::open(const char* path, bool read_only) {
@@ -79,24 +86,54 @@ int Tvx_file_shp_exe::open(const std::wstring& path, bool read_only) {
   flush_and_close();
   f_read_only = read_only;
   reset_state();
+  const std::wstring index_path = vx::filesystem::change_extension(path, L".shx");
   const int shp_failed = f_shp->open(path, read_only);
-  const int shx_failed = f_shx->open(vx::filesystem::change_extension(path, L".shx"), read_only);
-  if (shp_failed == 0 && shx_failed == 0) read_headers();
+  const int shx_failed = f_shx->open(index_path, read_only);
+  f_valid = shp_failed == 0 && shx_failed == 0 && headers_look_valid(path, index_path);
+  if (f_valid) read_headers(index_path);
   f_dirty = false;
   return 0;
 }
 
+// A file that is not a shape file (a text renamed, a file of another format) is refused before any
+// count of it is believed: it stays a file of zero records, and the reason is reported.
+bool Tvx_file_shp_exe::headers_look_valid(const std::wstring& path, const std::wstring& index_path) {
+  f_shp_size = f_shp->get_size();
+  return has_shape_header(f_shp, path) && has_shape_header(f_shx, index_path);
+}
+
+bool Tvx_file_shp_exe::has_shape_header(Tvx_file* file, const std::wstring& path) {
+  const uint32_t size = file->get_size();
+  if (size < HEADER_SIZE) {
+    Tvx_file::report_content(path, "is not a shape file: it is shorter than the 100-byte header (" +
+                                       std::to_string(size) + " bytes)");
+    return false;
+  }
+  Tvx_bin head;
+  file->seek(0);
+  head.load_file_part(file, 28);
+  const int32_t code = head.get_invert_int();
+  if (code != FILE_CODE) {
+    Tvx_file::report_content(path,
+                             "is not a shape file: its file code is " + std::to_string(code) + ", not 9994");
+    return false;
+  }
+  head.set_offset(24);
+  const int64_t length = static_cast<int64_t>(head.get_invert_int()) * 2;
+  if (length >= HEADER_SIZE) return true;
+  Tvx_file::report_content(path, "is not a shape file: its header gives it a length of " +
+                                     std::to_string(length) + " bytes, less than the header itself");
+  return false;
+}
+
 // Takes the two headers and the whole index. The record count is the index header's, but never more
-// than the index really holds.
-void Tvx_file_shp_exe::read_headers() {
+// than the index really holds; an index whose header and size disagree is reported as damaged.
+void Tvx_file_shp_exe::read_headers(const std::wstring& index_path) {
   Tvx_bin shp_header;
+  f_shp->seek(0);
   shp_header.load_file_part(f_shp, HEADER_SIZE);
-  Tvx_bin shx_header;
-  shx_header.load_file_part(f_shx, HEADER_SIZE);
   shp_header.set_offset(24);
   f_shp_len = static_cast<uint32_t>(shp_header.get_invert_int()) * 2;
-  shx_header.set_offset(24);
-  f_shx_len = static_cast<uint32_t>(shx_header.get_invert_int()) * 2;
   shp_header.set_offset(32);
   f_type = shp_header.get_int();
   const double xmin = shp_header.get_double();
@@ -110,10 +147,17 @@ void Tvx_file_shp_exe::read_headers() {
   f_m_max = shp_header.get_double();
   f_z_defined = f_m_defined = true;
   f_index->load_file_all(f_shx);
+  f_index->set_offset(24);
+  f_shx_len = static_cast<uint32_t>(f_index->get_invert_int()) * 2;
   const uint32_t claimed = f_shx_len >= HEADER_SIZE ? (f_shx_len - HEADER_SIZE) / INDEX_ENTRY_SIZE : 0;
   const uint32_t size = f_index->get_size();
   const uint32_t held = size >= HEADER_SIZE ? (size - HEADER_SIZE) / INDEX_ENTRY_SIZE : 0;
   f_count = std::min(claimed, held);
+  f_missing = claimed - f_count;
+  if (claimed != held) {
+    Tvx_file::report_content(index_path, "is damaged: its header counts " + std::to_string(claimed) +
+                                             " records, it holds " + std::to_string(held));
+  }
 }
 
 int Tvx_file_shp_exe::create(const char* path, int type) {
@@ -124,8 +168,9 @@ int Tvx_file_shp_exe::create(const std::wstring& path, int type) {
   flush_and_close();
   f_read_only = false;
   reset_state();
-  f_shp->create(path);
-  f_shx->create(vx::filesystem::change_extension(path, L".shx"));
+  const int shp_failed = f_shp->create(path);
+  const int shx_failed = f_shx->create(vx::filesystem::change_extension(path, L".shx"));
+  f_valid = shp_failed == 0 && shx_failed == 0;
   f_shp_len = f_shx_len = HEADER_SIZE;
   f_type = type;
   save_headers();
@@ -235,42 +280,86 @@ void Tvx_file_shp_exe::extend_z(double min, double max) {
 // Reading
 
 // Loads record i whole into the record buffer, positioned at its start. An index past the count, or
-// an entry that points outside the main file, gives an empty record, which reads as a null shape.
-// A length that runs past the end of the file is cut there.
+// an entry that points outside the main file, gives an empty record, which reads as a null shape. A
+// length that runs past the end of the file is cut there. Either marks the record as damaged.
 bool Tvx_file_shp_exe::load_record(unsigned i) {
   f_rec->set_size(0);
-  if (i >= f_count) return false;
+  f_rec_loaded = 0;
+  f_rec_damaged = false;
+  if (i >= f_count) return damaged(false);
   f_index->set_offset(HEADER_SIZE + INDEX_ENTRY_SIZE * i);
   const uint64_t offset = static_cast<uint64_t>(static_cast<uint32_t>(f_index->get_invert_int())) * 2;
   const uint64_t length = static_cast<uint64_t>(static_cast<uint32_t>(f_index->get_invert_int())) * 2 + 8;
-  const uint64_t file_size = f_shp->get_size();
-  if (offset >= file_size) return false;
+  if (offset < HEADER_SIZE || offset >= f_shp_size) return damaged(false);
   f_shp->seek(static_cast<uint32_t>(offset));
-  f_rec->load_file_part(f_shp, static_cast<uint32_t>(std::min(length, file_size - offset)));
+  const uint64_t available = f_shp_size - offset;
+  f_rec->load_file_part(f_shp, static_cast<uint32_t>(std::min(length, available)));
+  f_rec_loaded = f_rec->get_size();
+  if (length > available) damaged(true);
   return true;
+}
+
+bool Tvx_file_shp_exe::damaged(bool result) {
+  f_rec_damaged = true;
+  return result;
+}
+
+// The data a record needs must lie inside it: a read that went past its end found no data there.
+void Tvx_file_shp_exe::check_inside_record() {
+  if (f_rec->get_offset() > f_rec_loaded) f_rec_damaged = true;
 }
 
 int Tvx_file_shp_exe::get_obj_type(unsigned i) {
   if (!load_record(i)) return SHP_NULL;
   f_rec->get_int();
   f_rec->get_int();
-  return convert_m_type(f_rec->get_int());
+  const int type = f_rec->get_int();
+  check_inside_record();
+  if (!is_known_type(type)) f_rec_damaged = true;
+  return convert_m_type(type);
+}
+
+bool Tvx_file_shp_exe::is_known_type(int type) {
+  switch (type) {
+    case SHP_NULL:
+    case SHP_POINT:
+    case SHP_POLYLINE:
+    case SHP_POLYGON:
+    case SHP_MULTIPOINT:
+    case SHP_POINT_Z:
+    case SHP_POLYLINE_Z:
+    case SHP_POLYGON_Z:
+    case SHP_MULTIPOINT_Z:
+    case SHP_POINT_M:
+    case SHP_POLYLINE_M:
+    case SHP_POLYGON_M:
+    case SHP_MULTIPOINT_M:
+    case SHP_MULTIPATCH:
+      return true;
+    default:
+      return false;
+  }
 }
 
 // The number of vertices (or parts) that the rest of the record can hold: a count that claims more is
-// cut, so that no count read from a file makes the reader allocate or read beyond the record.
-uint32_t Tvx_file_shp_exe::vertices_that_fit(int32_t n, uint32_t bytes_per_vertex) const {
+// cut, so that no count read from a file makes the reader allocate or read beyond the record. A count
+// that had to be cut, or a negative one, marks the record as damaged.
+uint32_t Tvx_file_shp_exe::vertices_that_fit(int32_t n, uint32_t bytes_per_vertex) {
+  if (n < 0) f_rec_damaged = true;
   if (n < 1) return 0;
   const uint32_t rest = f_rec->get_size() - f_rec->get_offset();
-  return std::min(static_cast<uint32_t>(n), rest / bytes_per_vertex);
+  const uint32_t fit = rest / bytes_per_vertex;
+  if (static_cast<uint32_t>(n) > fit) f_rec_damaged = true;
+  return std::min(static_cast<uint32_t>(n), fit);
 }
 
-uint32_t Tvx_file_shp_exe::parts_that_fit(int32_t p, uint32_t bytes_per_part) const {
+uint32_t Tvx_file_shp_exe::parts_that_fit(int32_t p, uint32_t bytes_per_part) {
   return vertices_that_fit(p, bytes_per_part);
 }
 
 // Reads the p part starts and sizes each part by the difference to the next start, the last by n.
-// The differences are taken as they come, but a part never gets more vertices than are left of n.
+// The differences are taken as they come, but a part never gets more vertices than are left of n;
+// starts that fall back or run past n mark the record as damaged.
 void Tvx_file_shp_exe::read_part_sizes(uint32_t p, uint32_t n, uint32_t* sizes) {
   int64_t previous = 0;
   uint32_t left = n;
@@ -281,6 +370,7 @@ void Tvx_file_shp_exe::read_part_sizes(uint32_t p, uint32_t n, uint32_t* sizes) 
       continue;
     }
     const int64_t diff = std::clamp<int64_t>(start - previous, 0, left);
+    if (diff != start - previous) f_rec_damaged = true;
     sizes[k - 1] = static_cast<uint32_t>(diff);
     left -= static_cast<uint32_t>(diff);
     previous = start;
@@ -290,6 +380,7 @@ void Tvx_file_shp_exe::read_part_sizes(uint32_t p, uint32_t n, uint32_t* sizes) 
 bool Tvx_file_shp_exe::get_point(Tvx_point2d* p) {
   p->x = f_rec->get_double();
   p->y = f_rec->get_double();
+  check_inside_record();
   return true;
 }
 
@@ -297,6 +388,7 @@ bool Tvx_file_shp_exe::get_point_z(Tvx_point3d* p) {
   p->x = f_rec->get_double();
   p->y = f_rec->get_double();
   p->z = f_rec->get_double();
+  check_inside_record();
   f_rec->get_double();
   return true;
 }
@@ -310,6 +402,7 @@ bool Tvx_file_shp_exe::get_multipoint(Tvx_pp2d* pp) {
     const double y = f_rec->get_double();
     pp->set(i, vx_point2d(x, y));
   }
+  check_inside_record();
   return true;
 }
 
@@ -318,18 +411,21 @@ bool Tvx_file_shp_exe::get_polypoint(Tvx_op2d* op, int) {
   const int32_t stored_p = f_rec->get_int();
   const int32_t stored_n = f_rec->get_int();
   const uint32_t p = parts_that_fit(stored_p, 4);
+  check_inside_record();
   if (p < 1) {
     op->clear();
     return true;
   }
   op->set_size(p);
   if (stored_n < 1) {
+    if (stored_n < 0) f_rec_damaged = true;
     for (uint32_t k = 0; k < p; ++k) op->get(k)->clear();
     return true;
   }
   const uint32_t starts_end = f_rec->get_offset() + 4 * p;
   const uint32_t rest = f_rec->get_size() > starts_end ? f_rec->get_size() - starts_end : 0;
   const uint32_t n = std::min(static_cast<uint32_t>(stored_n), rest / 16);
+  if (n < static_cast<uint32_t>(stored_n)) f_rec_damaged = true;
   std::vector<uint32_t> sizes(p);
   read_part_sizes(p, n, sizes.data());
   for (uint32_t k = 0; k < p; ++k) {
@@ -341,11 +437,12 @@ bool Tvx_file_shp_exe::get_polypoint(Tvx_op2d* op, int) {
       part->set(i, vx_point2d(x, y));
     }
   }
+  check_inside_record();
   return true;
 }
 
 // The vertices of parts with z: the x and y of all parts, the z range (dropped), then the z of all
-// parts in the same order. The measures behind them are not read.
+// parts in the same order. The measures behind them are not read: a record may leave them out.
 void Tvx_file_shp_exe::read_xyz_parts(const std::vector<Tvx_pp3d*>& parts,
                                       const std::vector<uint32_t>& sizes) {
   for (size_t k = 0; k < parts.size(); ++k) {
@@ -360,6 +457,7 @@ void Tvx_file_shp_exe::read_xyz_parts(const std::vector<Tvx_pp3d*>& parts,
   f_rec->get_double();
   for (size_t k = 0; k < parts.size(); ++k)
     for (uint32_t i = 0; i < sizes[k]; ++i) parts[k]->set_z(i, f_rec->get_double());
+  check_inside_record();
 }
 
 bool Tvx_file_shp_exe::get_multipoint_z(Tvx_pp3d* pp) {
@@ -373,6 +471,7 @@ bool Tvx_file_shp_exe::get_polypoint_z(Tvx_op3d* op, int) {
   f_rec->set_offset(f_rec->get_offset() + 32);
   const uint32_t p = parts_that_fit(f_rec->get_int(), 4);
   const int32_t stored_n = f_rec->get_int();
+  check_inside_record();
   if (p < 1) {
     op->clear();
     return true;
@@ -392,6 +491,7 @@ bool Tvx_file_shp_exe::get_multipatch(Tvx_multipatch3d* mp) {
   f_rec->set_offset(f_rec->get_offset() + 32);
   const uint32_t p = parts_that_fit(f_rec->get_int(), 8);
   const int32_t stored_n = f_rec->get_int();
+  check_inside_record();
   if (p < 1) {
     mp->clear();
     return true;

@@ -55,6 +55,19 @@ class Tvx_file_shp_exe {
   // Both the main file and its index are open.
   bool is_open() const;
 
+  // What a caller must know to tell a good run from a lossy one. is_valid: the last open found two
+  // files with shape file headers (else the file reads as zero records, and the reason was reported),
+  // or the last create made both files.
+  // is_record_damaged: the record that get_obj_type loaded, or the get_... that read it, found the file
+  // cut short or its counts inconsistent; what could not be read is left empty. get_file_failures:
+  // open, read and write failures of the two files, each already reported.
+  // get_missing: records that the index's header counts and the index does not hold (it was cut short);
+  // get_no leaves them out.
+  bool is_valid() const { return f_valid; }
+  bool is_record_damaged() const { return f_rec_damaged; }
+  unsigned get_missing() const { return f_missing; }
+  unsigned get_file_failures() const;
+
   int get_obj_type(unsigned i);
   bool get_point(Tvx_point2d* p);
   bool get_multipoint(Tvx_pp2d* pp);
@@ -91,10 +104,15 @@ class Tvx_file_shp_exe {
  private:
   void flush_and_close();
   void reset_state();
-  void read_headers();
+  bool headers_look_valid(const std::wstring& path, const std::wstring& index_path);
+  static bool has_shape_header(Tvx_file* file, const std::wstring& path);
+  void read_headers(const std::wstring& index_path);
   bool load_record(unsigned i);
-  uint32_t vertices_that_fit(int32_t n, uint32_t bytes_per_vertex) const;
-  uint32_t parts_that_fit(int32_t p, uint32_t bytes_per_part) const;
+  bool damaged(bool result);
+  void check_inside_record();
+  static bool is_known_type(int type);
+  uint32_t vertices_that_fit(int32_t n, uint32_t bytes_per_vertex);
+  uint32_t parts_that_fit(int32_t p, uint32_t bytes_per_part);
   void read_part_sizes(uint32_t p, uint32_t n, uint32_t* sizes);
   void read_xyz_parts(const std::vector<Tvx_pp3d*>& parts, const std::vector<uint32_t>& sizes);
   void begin_record(uint32_t content_bytes, int type);
@@ -122,6 +140,11 @@ class Tvx_file_shp_exe {
   uint32_t f_shp_len = 0;
   uint32_t f_shx_len = 0;
   bool f_dirty = false;
+  bool f_valid = false;
+  uint32_t f_shp_size = 0;
+  uint32_t f_rec_loaded = 0;
+  bool f_rec_damaged = false;
+  uint32_t f_missing = 0;
 };
 
 // The public handle of a shape file: forwards to its engine.
@@ -144,6 +167,10 @@ class Tvx_file_shp {
   int get_type() const { return f_exe->get_type(); }
   bool is_open() const { return f_exe->is_open(); }
   int get_obj_type(unsigned i) { return f_exe->get_obj_type(i); }
+  bool is_valid() const { return f_exe->is_valid(); }
+  bool is_record_damaged() const { return f_exe->is_record_damaged(); }
+  unsigned get_missing() const { return f_exe->get_missing(); }
+  unsigned get_file_failures() const { return f_exe->get_file_failures(); }
 
   bool get_point(Tvx_point2d* p) { return f_exe->get_point(p); }
   bool get_multipoint(Tvx_pp2d* pp) { return f_exe->get_multipoint(pp); }

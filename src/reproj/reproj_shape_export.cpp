@@ -40,7 +40,8 @@ VX_API bool vx_proj4_shp_ex(const char* src_file, const char* src_proj, const ch
   report.user = user;
   const bool ok = without_exceptions(
       [&] { return Tvx_reproj_shape::execute(src_file, src_proj, dst_file, dst_proj, &report) == 0; });
-  if (counts) *counts = vx_proj4_shp_counts{report.records, report.failed};
+  if (counts)
+    *counts = vx_proj4_shp_counts{report.records, report.failed, report.unreadable, report.file_errors};
   return ok;
 }
 

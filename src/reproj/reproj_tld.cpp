@@ -4,9 +4,11 @@
 #include <string>
 
 #include "geom/pp2d.h"
+#include "reproj/proj_log.h"
 #include "reproj/reproj_2d.h"
 #include "services/text_list.h"
 #include "support/ansi_code_page.h"
+#include "support/env.h"
 
 namespace {
 
@@ -59,29 +61,52 @@ std::wstring widen(const char* text) {
   return vx::strconv::utf8_to_wide(text ? text : "");
 }
 
+// Reports through the environment, in the narrow code page of messages.
+void report_error(const std::wstring& text) {
+  Tvx_env_main::error(vx::strconv::wide_to_ansi(text).c_str());
+}
+
+// A label file that cannot be read or written is reported with the reason the file layer gives.
+void report_file(bool ok, const Tvx_tld_file* file) {
+  if (!ok) report_error(vx_tld_file_get_error(file));
+}
+
+Tvx_tld_file* open_or_report(const wchar_t* path) {
+  Tvx_tld_file* file = vx_tld_file_open_w(path);
+  if (!file) {
+    report_error(L"cannot use '" + std::wstring(path) +
+                 L"' as a label file: it is not a readable file, or its folder does not exist");
+  }
+  return file;
+}
+
 }  // namespace
 
 int Tvx_reproj_tld::execute(Tvx_text_list_base* list, const wchar_t* src_proj, const wchar_t* dst_proj) {
   Tvx_reproj_2d rpj;
-  if (!rpj.init(src_proj, dst_proj)) return 1;
+  if (!rpj.init(src_proj, dst_proj)) {
+    report_error(L"cannot build the transformation: " + vx::strconv::utf8_to_wide(rpj.get_error()));
+    return 1;
+  }
   const double k = length_factor(rpj);
   for (size_t i = 0; i < list->size(); ++i) reproject_text(rpj, k, *list->at(i));
+  vx::proj_log::pass_on();
   return 0;
 }
 
 int Tvx_reproj_tld::execute(const wchar_t* src_file, const wchar_t* src_proj, const wchar_t* dst_file,
                             const wchar_t* dst_proj) {
-  Tvx_tld_file* source = vx_tld_file_open_w(src_file);
+  Tvx_tld_file* source = open_or_report(src_file);
   if (!source) return 1;
-  Tvx_tld_file* destination = vx_tld_file_open_w(dst_file);
+  Tvx_tld_file* destination = open_or_report(dst_file);
   if (!destination) {
     vx_tld_file_close(source);
     return 1;
   }
   Tvx_text_list_base* list = vx_text_list_create();
-  vx_tld_file_read_all(source, list);
+  report_file(vx_tld_file_read_all(source, list), source);
   const int result = execute(list, src_proj, dst_proj);
-  vx_tld_file_write_all(destination, list, 0);
+  report_file(vx_tld_file_write_all(destination, list, 0), destination);
   vx_text_list_destroy(list);
   vx_tld_file_close(destination);
   vx_tld_file_close(source);

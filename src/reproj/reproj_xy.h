@@ -30,6 +30,9 @@ class Tvx_reproj_xy {
   bool init_from_latlong(const char* proj);
   bool init_from_latlong(const wchar_t* proj);
 
+  // After a failed init: which text PROJ refused, and why (see Tvx_reproj_xy_exec::get_error).
+  const std::string& get_error() const { return f_exec->get_error(); }
+
   // The geographic system on the projection's own datum and ellipsoid, as a composed text.
   static std::string convert_to_latlong(const char* proj);
 

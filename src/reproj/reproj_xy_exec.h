@@ -1,7 +1,7 @@
 // The one holder of PROJ transformation objects in the library.
 //
 // Two projection texts are normalised through Tvx_proj4_str and turned into a PROJ transformation on
-// the default context, with the axes put in the order x = easting or longitude, y = northing or
+// PROJ's default context, with the axes put in the order x = easting or longitude, y = northing or
 // latitude. Coordinates of a geographic system are degrees at this class's border in both directions.
 #pragma once
 
@@ -18,9 +18,13 @@ class Tvx_reproj_xy_exec {
   Tvx_reproj_xy_exec(const Tvx_reproj_xy_exec&) = delete;
   Tvx_reproj_xy_exec& operator=(const Tvx_reproj_xy_exec&) = delete;
 
-  // Builds the transformation from src to dst; true when both PROJ objects exist.
+  // Builds the transformation from src to dst; true when both PROJ objects exist. PROJ's own reports go
+  // to the library's log (reproj/proj_log.h), never to standard error.
   bool init(const char* src, const char* dst);
   void clear();
+  // After a failed init: why, in words for a person (which text PROJ refused, and PROJ's reason). The
+  // texts are quoted cut to a sane length and with control characters replaced. Empty after success.
+  const std::string& get_error() const { return f_error; }
 
   // One point in place.
   bool apply(double* x, double* y);
@@ -37,4 +41,5 @@ class Tvx_reproj_xy_exec {
   PJ* f_pj_norm = nullptr;
   bool f_in_radians = false;
   bool f_out_radians = false;
+  std::string f_error;
 };

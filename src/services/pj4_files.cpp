@@ -7,6 +7,7 @@
 #include <string>
 
 #include "proj4/proj4_str.h"
+#include "reproj/proj_log.h"
 #include "support/ansi_code_page.h"
 #include "support/filesystem.h"
 #include "vxk_proj4_shp.h"
@@ -51,9 +52,12 @@ std::string one_line(const wchar_t* proj) {
 }
 
 // The coordinate system that a PROJ string describes. A PROJ string without "+type=crs" makes an
-// operation rather than a system in PROJ, so it is tried again with that tail.
+// operation rather than a system in PROJ, so it is tried again with that tail. What PROJ says of a
+// first try that fails is not the caller's concern: its log is caught and dropped, not printed.
 pj_ptr create_crs(const std::string& text) {
+  vx::proj_log::install();
   pj_ptr crs(proj_create(PJ_DEFAULT_CTX, text.c_str()));
+  vx::proj_log::take();
   if (crs && proj_is_crs(crs.get())) return crs;
   crs.reset(proj_create(PJ_DEFAULT_CTX, (text + " +type=crs").c_str()));
   if (crs && proj_is_crs(crs.get())) return crs;

@@ -60,25 +60,47 @@ bool read_file(const std::wstring& path, std::vector<uint8_t>& bytes, std::wstri
   return ok;
 }
 
-bool write_file(const std::wstring& path, const std::vector<uint8_t>& bytes, std::wstring& error) {
-  const int fd = fs::open_descriptor(path, O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
-  if (fd < 0) {
-    error = system_error(L"cannot create", path);
-    return false;
-  }
+bool write_bytes(int fd, const std::vector<uint8_t>& bytes) {
   size_t done = 0;
   while (done < bytes.size()) {
     const ssize_t n = ::write(fd, bytes.data() + done, bytes.size() - done);
     if (n < 0 && errno == EINTR) continue;
-    if (n <= 0) break;
+    if (n <= 0) return false;
     done += static_cast<size_t>(n);
   }
-  const bool ok = done == bytes.size();
+  return true;
+}
+
+// An existing file keeps its modes when it is replaced.
+void keep_modes(int fd, const std::wstring& target) {
+  struct stat st {};
+  if (::stat(fs::os_path(target).c_str(), &st) == 0) ::fchmod(fd, st.st_mode & 07777);
+}
+
+// The file is written whole under a fresh name beside it (beside the file a link points to) and renamed
+// over it only when it is complete and on the disk. So a write that fails, on a full disk or under a
+// file size limit, leaves the earlier file as it was, and a list read from a file can be written back
+// to the same file.
+bool write_file(const std::wstring& path, const std::vector<uint8_t>& bytes, std::wstring& error) {
+  const std::wstring target = fs::real_path(path);
+  std::wstring temp;
+  const int fd = fs::create_beside(target, temp);
+  if (fd < 0) {
+    error = system_error(L"cannot create a file beside", path);
+    return false;
+  }
+  keep_modes(fd, target);
+  bool ok = write_bytes(fd, bytes) && ::fsync(fd) == 0;
   if (!ok) error = system_error(L"cannot write", path);
   if (::close(fd) != 0 && ok) {
     error = system_error(L"cannot write", path);
-    return false;
+    ok = false;
   }
+  if (ok && !fs::move_file(temp, target, true)) {
+    error = system_error(L"cannot replace", path);
+    ok = false;
+  }
+  if (!ok) fs::remove_file(temp);
   return ok;
 }
 

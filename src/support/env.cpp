@@ -66,10 +66,22 @@ void Tvx_env_main::error_ext(int block, int index, ...) {
   va_end(args);
 }
 
-void Tvx_env_main::error_format(const std::string& format, va_list args) {
+std::string Tvx_env_main::format_rc(int block, int index, ...) {
+  va_list args;
+  va_start(args, index);
+  std::string text = format_text(Tvx_rc::get_str(block, index), args);
+  va_end(args);
+  return text;
+}
+
+std::string Tvx_env_main::format_text(const std::string& format, va_list args) {
   char text[2048];
   std::vsnprintf(text, sizeof text, format.c_str(), args);
-  f_env->error(text);
+  return text;
+}
+
+void Tvx_env_main::error_format(const std::string& format, va_list args) {
+  f_env->error(format_text(format, args).c_str());
 }
 
 void Tvx_env_main::debug_beg_time(const char* label) {

@@ -49,6 +49,8 @@ class Tvx_env_main {
   static void error_rc(int block, int index, ...);
   // The same with a text of this build's own blocks (Tvx_rc::get_ext_str).
   static void error_ext(int block, int index, ...);
+  // The text error_rc would report, formatted and given back instead.
+  static std::string format_rc(int block, int index, ...);
 
   // Starts a timer under the label (an earlier start stays), and reports through debug_message the
   // seconds since that start: "<label> time(<seconds>)", or "<label> time(unknown start)".
@@ -57,6 +59,7 @@ class Tvx_env_main {
 
  private:
   static void error_format(const std::string& format, va_list args);
+  static std::string format_text(const std::string& format, va_list args);
 
   static Tvx_env* f_env;
   static std::map<std::string, long long> f_time_map;

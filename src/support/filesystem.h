@@ -95,6 +95,12 @@ uint64_t file_size(const std::wstring& path);      // 0 when unknown
 bool file_readable(const std::wstring& path);
 bool file_writable(const std::wstring& path);
 
+// True when both paths name an existing file and it is the same one (the same device and inode, links
+// followed), however the two are spelled.
+bool is_same_file(const std::wstring& a, const std::wstring& b);
+
+// False, with errno telling why, when the copy could not be made: EISDIR for a folder on either side,
+// EEXIST for an existing target without overwrite, EINVAL for a target that is the source itself.
 bool copy_file(const std::wstring& from, const std::wstring& to, bool overwrite);
 bool move_file(const std::wstring& from, const std::wstring& to, bool overwrite);
 bool remove_file(const std::wstring& path);
@@ -122,5 +128,14 @@ std::wstring hostname();
 std::wstring temp_directory();  // ends in a separator
 // Creates an empty file with a fresh name in the folder and gives its path; "" on failure.
 std::wstring temp_filename(const std::wstring& directory, const std::wstring& prefix);
+
+// The path with every link resolved, or the path as given when it cannot be resolved (it does not
+// exist, or a link points nowhere).
+std::wstring real_path(const std::wstring& path);
+
+// Opens for writing a new file with a fresh name beside path (in its folder, named after it, never an
+// existing file), created with the modes 0666 less the process's mask. Gives the descriptor, or -1 with
+// errno telling why; temp receives the name.
+int create_beside(const std::wstring& path, std::wstring& temp);
 
 }  // namespace vx::filesystem

@@ -151,16 +151,37 @@ bool file_writable(const std::wstring& path) {
   return !path.empty() && ::access(os_path(path).c_str(), W_OK) == 0;
 }
 
+bool is_same_file(const std::wstring& a, const std::wstring& b) {
+  struct stat sa, sb;
+  return stat_of(a, sa) && stat_of(b, sb) && same_file(sa, sb);
+}
+
+namespace {
+
+bool refuse(int reason) {
+  errno = reason;
+  return false;
+}
+
+}  // namespace
+
 bool copy_file(const std::wstring& from, const std::wstring& to, bool overwrite) {
   struct stat src, dst;
-  if (!stat_of(from, src) || S_ISDIR(src.st_mode)) return false;
-  if (stat_of(to, dst) && (!overwrite || same_file(src, dst) || S_ISDIR(dst.st_mode))) return false;
+  if (!stat_of(from, src)) return false;
+  if (S_ISDIR(src.st_mode)) return refuse(EISDIR);
+  if (stat_of(to, dst)) {
+    if (!overwrite) return refuse(EEXIST);
+    if (same_file(src, dst)) return refuse(EINVAL);
+    if (S_ISDIR(dst.st_mode)) return refuse(EISDIR);
+  }
   const int in = open_descriptor(from, O_RDONLY);
   if (in < 0) return false;
   const int out = open_descriptor(to, O_WRONLY | O_CREAT | O_TRUNC, src.st_mode & 0777);
-  const bool ok = out >= 0 && copy_bytes(in, out);
+  bool ok = out >= 0 && copy_bytes(in, out);
+  const int copy_errno = errno;
   ::close(in);
-  if (out >= 0 && ::close(out) != 0) return false;
+  if (out >= 0 && ::close(out) != 0 && ok) return false;
+  errno = copy_errno;
   return ok;
 }
 
@@ -276,6 +297,25 @@ std::wstring temp_filename(const std::wstring& directory, const std::wstring& pr
   ::close(fd);
   // The caller's own form of the folder, with the name that was made.
   return change_filename(pattern, filename(vx::strconv::utf8_to_wide(name)));
+}
+
+std::wstring real_path(const std::wstring& path) {
+  char* resolved = path.empty() ? nullptr : ::realpath(os_path(path).c_str(), nullptr);
+  if (!resolved) return path;
+  std::wstring out = vx::strconv::utf8_to_wide(resolved);
+  std::free(resolved);
+  return out;
+}
+
+int create_beside(const std::wstring& path, std::wstring& temp) {
+  static unsigned counter = 0;
+  const std::wstring stem = change_filename(path, L"." + filename(path) + L"." + std::to_wstring(::getpid()));
+  for (int attempt = 0; attempt < 1000; ++attempt) {
+    temp = stem + L"." + std::to_wstring(++counter) + L".tmp";
+    const int fd = open_descriptor(temp, O_WRONLY | O_CREAT | O_EXCL, 0666);
+    if (fd >= 0 || errno != EEXIST) return fd;
+  }
+  return -1;
 }
 
 }  // namespace vx::filesystem

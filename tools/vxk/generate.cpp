@@ -11,7 +11,7 @@
 
 #include "command.h"
 #include "designation.h"
-#include "staged_folder.h"
+#include "safe_output.h"
 #include "utf8.h"
 #include "vxk_proj4_shp.h"
 
@@ -35,7 +35,7 @@ const char* const kUsage =
     "or \"Base list\" for a box). Beside every shape file stand its table (.dbf, with a .cpg saying 1251 so\n"
     "that GDAL and QGIS read the Cyrillic texts), a .prj (ESRI WKT) and a .pj4 (the PROJ string).\n"
     "\n"
-    "The four folders are written in a temporary folder beside DIR and moved into DIR only when everything\n"
+    "The four folders are written in a temporary folder inside DIR and moved into DIR only when everything\n"
     "was written; a failed run leaves nothing behind. Folders of the same names in DIR are replaced when\n"
     "they hold only files that vxk generate writes; otherwise the command refuses.\n"
     "\n"
@@ -245,7 +245,8 @@ bool generate_box(const options& o, const std::wstring& dir, const std::wstring&
 const char* const kTops[] = {"HYPS", "FRAME", "latlong"};
 
 // The files that a run writes, and so the only ones that a new run may replace.
-bool own_file(const fs::path& relative) {
+bool own_file(const std::string& name) {
+  const fs::path relative(name);
   static const std::set<std::string> folders = {"HYPS", "FRAME", "latlong/HYPS", "latlong/FRAME"};
   static const std::set<std::string> names = {"Hypsa", "Hypsl", "Hypsp", "Frame", "FrameDig", "FrameAdj"};
   static const std::set<std::string> extensions = {".shp", ".shx", ".dbf", ".prj", ".pj4", ".cpg"};
@@ -327,19 +328,22 @@ int run(const options& o) {
   }
   const std::wstring scene = scene_of(o, middle, geographic);
 
-  vxk::staged_folder out(o.out, {std::begin(kTops), std::end(kTops)}, own_file);
-  for (const char* f : {"HYPS", "FRAME", "latlong/HYPS", "latlong/FRAME"})
-    fs::create_directories(out.path() / f);
-  const std::wstring dir = vxk::utf8_to_wide(out.path().string()) + L"/";
+  vxk::output_set out;
+  if (!out.open(o.out)) throw failure{out.error()};
+  for (const char* top : kTops)
+    if (!out.replace_folder(top, own_file)) throw failure{out.error() + ": choose another --out"};
+  const fs::path root = out.staging();
+  for (const char* f : {"HYPS", "FRAME", "latlong/HYPS", "latlong/FRAME"}) fs::create_directories(root / f);
+  const std::wstring dir = vxk::utf8_to_wide(root.string()) + L"/";
   library_errors errors;
   const bool ok = o.box ? generate_box(o, dir, scene) : generate_sheet(sheet.get(), o, dir, scene);
   std::string reasons;
   for (const std::string& e : errors.texts) reasons += "\n  " + e;
   fail_if(!ok || !errors.texts.empty(), "the generation failed; nothing was written" + reasons);
-  check_written(out.path());
-  write_cpg_files(out.path());
-  const std::string report = report_of(what, scene, out.path(), out.destination());
-  out.commit();
+  check_written(root);
+  write_cpg_files(root);
+  const std::string report = report_of(what, scene, root, fs::absolute(o.out).lexically_normal());
+  if (!out.commit()) throw failure{out.error()};
   std::fputs(report.c_str(), stdout);
   return 0;
 }

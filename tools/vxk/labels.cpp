@@ -3,11 +3,14 @@
 #include <cmath>
 #include <cstdint>
 #include <cstdio>
+#include <filesystem>
 #include <string>
 #include <vector>
 
 #include "command.h"
 #include "numbers.h"
+#include "report.h"
+#include "safe_output.h"
 #include "utf8.h"
 #include "vxk_proj4_shp.h"
 
@@ -21,7 +24,9 @@ const char* const kUsage =
     "callouts go to the other system, and the sizes and offsets of the texts are multiplied by one\n"
     "length factor, taken at the origin of the source system. A point that cannot be transformed\n"
     "keeps its source position. Texts, fonts, colours, styles and angles are carried unchanged.\n"
-    "SRC and DST may be the same file.\n"
+    "DST is written under a temporary name beside it and put into place only when it is complete, so a\n"
+    "run that fails leaves an existing DST as it was; its folder is created if it is missing (and removed\n"
+    "again if the run fails). DST must not be SRC (by any spelling or link).\n"
     "\n"
     "With --dump, prints the labels of a file as JSON on standard output.\n"
     "\n"
@@ -32,6 +37,9 @@ const char* const kUsage =
     "  --help        this text\n"
     "\n"
     "The file format is described in docs/tld-format.md.\n"
+    "\n"
+    "exit status: 0 done; 1 failed, nothing was written; 2 bad arguments (also a destination that is the\n"
+    "source).\n"
     "\n"
     "examples:\n"
     "  vxk labels towns.tld towns_gk7.tld --from \"+proj=longlat +ellps=krass\" \\\n"
@@ -74,19 +82,14 @@ bool read_labels(const std::string& path, Tvx_text_list_base* list) {
   return ok;
 }
 
-bool write_labels(const std::string& path, const Tvx_text_list_base* list) {
+// Writes the whole list; gives an error text, empty when the file is complete.
+std::string write_labels(const std::string& path, const Tvx_text_list_base* list) {
   Tvx_tld_file* file = vx_tld_file_open_w(vxk::utf8_to_wide(path).c_str());
-  if (!file) {
-    std::fprintf(stderr, "vxk labels: cannot create %s (does its folder exist?)\n", path.c_str());
-    return false;
-  }
-  const bool ok = vx_tld_file_write_all(file, list, 0);
-  if (!ok) {
-    std::fprintf(stderr, "vxk labels: cannot write %s: %s\n", path.c_str(),
-                 vxk::wide_to_utf8(vx_tld_file_get_error(file)).c_str());
-  }
+  if (!file) return "cannot create " + path;
+  std::string error;
+  if (!vx_tld_file_write_all(file, list, 0)) error = vxk::wide_to_utf8(vx_tld_file_get_error(file));
   vx_tld_file_close(file);
-  return ok;
+  return error;
 }
 
 // ---- JSON
@@ -181,19 +184,50 @@ struct reproject_args {
   bool has_to = false;
 };
 
+void print_reports(const vxk::library_reports& reports) {
+  for (const auto& l : reports.errors())
+    std::fprintf(stderr, "vxk labels: %s\n", vxk::library_reports::with_count(l).c_str());
+  for (const auto& l : reports.messages())
+    std::fprintf(stderr, "vxk labels: note: %s\n", vxk::library_reports::with_count(l).c_str());
+}
+
+// The list into a staged file, put into place when complete; gives an error text, empty on success.
+std::string write_safely(const std::string& dst, const Tvx_text_list_base* list) {
+  vxk::output_set out;
+  if (!out.open(std::filesystem::path(dst).parent_path().string())) return out.error();
+  const std::string error = write_labels(out.stage(std::filesystem::path(dst).filename().string()), list);
+  if (!error.empty()) return out.final_text(error);
+  return out.commit() ? std::string() : out.error();
+}
+
 int reproject(const reproject_args& a) {
+  const std::string& src = a.files[0];
+  const std::string& dst = a.files[1];
+  if (vxk::same_file(src, dst)) {
+    std::fprintf(stderr,
+                 "vxk labels: the destination '%s' is the source '%s' (the same file); give another "
+                 "destination\n",
+                 vxk::echo(dst).c_str(), vxk::echo(src).c_str());
+    return 2;
+  }
   text_list list;
-  if (!read_labels(a.files[0], list.get())) return 1;
+  if (!read_labels(src, list.get())) return 1;
   const std::wstring from = vxk::utf8_to_wide(a.from);
   const std::wstring to = vxk::utf8_to_wide(a.to);
-  if (!vx_proj4_text_list_w(list.get(), from.c_str(), to.c_str())) {
-    std::fprintf(stderr,
-                 "vxk labels: cannot build the transformation from \"%s\" to \"%s\"; nothing was written\n",
-                 a.from.c_str(), a.to.c_str());
+  {
+    vxk::library_reports reports;
+    const bool built = vx_proj4_text_list_w(list.get(), from.c_str(), to.c_str());
+    print_reports(reports);
+    if (!built) {
+      std::fprintf(stderr, "vxk labels: nothing was written\n");
+      return 1;
+    }
+  }
+  if (std::string error = write_safely(dst, list.get()); !error.empty()) {
+    std::fprintf(stderr, "vxk labels: %s; nothing was written\n", error.c_str());
     return 1;
   }
-  if (!write_labels(a.files[1], list.get())) return 1;
-  std::printf("%u labels written to %s\n", vx_text_list_get_size(list.get()), a.files[1].c_str());
+  std::printf("%u labels written to %s\n", vx_text_list_get_size(list.get()), vxk::echo(dst).c_str());
   return 0;
 }
 
@@ -213,7 +247,7 @@ int run(const std::vector<std::string>& args) {
       (arg == "--from" ? a.from : a.to) = args[++i];
       (arg == "--from" ? a.has_from : a.has_to) = true;
     } else if (arg.size() > 1 && arg[0] == '-') {
-      return usage_error(("unknown option " + arg).c_str());
+      return usage_error(("unknown option " + vxk::echo(arg)).c_str());
     } else {
       a.files.push_back(arg);
     }

@@ -3,6 +3,7 @@
 #include <proj.h>
 
 #include <algorithm>
+#include <csignal>
 #include <cstdio>
 #include <cstring>
 #include <exception>
@@ -77,6 +78,9 @@ int run(const vxk::command& c, const std::vector<std::string>& args) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  // A write past a file size limit must fail with its reason (EFBIG) and be reported, not kill the
+  // program half-way through its output.
+  std::signal(SIGXFSZ, SIG_IGN);
   if (argc < 2) return usage("", "give a command");
   const std::string name = argv[1];
   if (name == "--help" || name == "-h" || name == "help") {

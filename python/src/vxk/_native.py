@@ -124,7 +124,7 @@ class vx_env_callbacks(Structure):
 
 
 class vx_proj4_shp_counts(Structure):
-    _fields_ = [("records", c_uint32), ("failed", c_uint32)]
+    _fields_ = [("records", c_uint32), ("failed", c_uint32), ("unreadable", c_uint32), ("file_errors", c_uint32)]
 
 
 class Tvx_vtx_d2(Structure):

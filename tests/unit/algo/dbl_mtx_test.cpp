@@ -6,11 +6,11 @@
 #include <string>
 #include <vector>
 
-#include "env_log.h"
+#include "error_log.h"
 
 namespace {
 
-using vxk_test::env_log;
+using vxk_test::error_log;
 
 TEST(DblMtx, ShapeLayoutAndZeroes) {
   Tvx_dbl_mtx m;
@@ -64,7 +64,7 @@ TEST(DblMtx, SwapRowsAndCopy) {
 }
 
 TEST(DblMtx, AbsurdShapeLeavesAnEmptyMatrixAndReports) {
-  env_log log;
+  error_log log;
   Tvx_dbl_mtx m(2, 2);
   const unsigned huge = std::numeric_limits<unsigned>::max();
   m.set_nxny(huge, huge);
@@ -120,7 +120,7 @@ TEST(DblMtx3diag, SmallSizeDropsArraysAndKeepsTheOldSize) {
 }
 
 TEST(DblMtx3diag, AbsurdSizeLeavesNoArrays) {
-  env_log log;
+  error_log log;
   Tvx_dbl_mtx_3diag a;
   a.set_size(std::numeric_limits<unsigned>::max());
   EXPECT_FALSE(a.has_arrays());

@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "env_log.h"
+#include "error_log.h"
 
 namespace {
 
@@ -266,7 +266,7 @@ TEST(Progonka, NoArraysOrShortRightHandSideGiveFalse) {
 }
 
 TEST(LinAlgebraDebug, PrintsVectorAndMatrix) {
-  vxk_test::env_log log;
+  vxk_test::error_log log;
   const Tvx_dbl_vec v{1, 2.5};
   Tvx_lin_algebra::debug_vec_print("b", &v);
   const Tvx_dbl_mtx m(2, 2, {1, 2, 3, 4});
@@ -276,7 +276,7 @@ TEST(LinAlgebraDebug, PrintsVectorAndMatrix) {
 }
 
 TEST(LinAlgebraDebug, SelfTestPasses) {
-  vxk_test::env_log log;
+  vxk_test::error_log log;
   EXPECT_TRUE(Tvx_lin_algebra::debug_test());
   EXPECT_EQ(log.debug, std::vector<std::string>{"+++ FINISHED +++"});
 }

@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "fault_injection.h"
 #include "support/ansi_code_page.h"
 #include "test_paths.h"
 
@@ -487,14 +488,19 @@ class DbfMalformedTest : public DbfTest {
   }
 };
 
+// The header's record count is checked against the file's size: a count the file cannot hold is cut
+// to what it holds, and the damage is reported.
 TEST_F(DbfMalformedTest, RecordCountOfTwoToTheThirtyFirst) {
   auto v = good_table();
   v[4] = v[5] = v[6] = 0;
   v[7] = 0x80;
   write_bytes(path, v);
   Tvx_file_dbf dbf;
+  vxk_test::error_log env;
   ASSERT_EQ(dbf.open(path.c_str(), false), 0);
-  EXPECT_EQ(dbf.get_nr(), 0x80000000u);
+  EXPECT_EQ(dbf.get_nr(), 2u);
+  ASSERT_EQ(env.errors.size(), 1u);
+  EXPECT_EQ(env.errors[0], "'" + path + "' is damaged: its header counts 2147483648 records, it holds 2");
   dbf.set_rec(0x7FFFFFFF);
   EXPECT_STREQ(dbf.get_str(0), "");
   dbf.set_rec(0);
@@ -552,7 +558,8 @@ TEST_F(DbfMalformedTest, HeaderSizeTooSmallGivesNoFields) {
   EXPECT_STREQ(dbf.get_str(0), "");
 }
 
-TEST_F(DbfMalformedTest, HeaderSizeHugeAndNoEndMarkStopsAtTheEndOfTheFile) {
+// A header size that the file cannot hold: not a table, refused with its reason.
+TEST_F(DbfMalformedTest, HeaderSizeHugeIsRefused) {
   std::vector<uint8_t> v(32 + 32 * 3, 'A');
   std::memset(v.data(), 0, 32);
   v[8] = 0xFF;
@@ -561,11 +568,44 @@ TEST_F(DbfMalformedTest, HeaderSizeHugeAndNoEndMarkStopsAtTheEndOfTheFile) {
   v[11] = 0xFF;
   write_bytes(path, v);
   Tvx_file_dbf dbf;
-  ASSERT_EQ(dbf.open(path.c_str(), true), 0);
-  EXPECT_EQ(dbf.get_np(), 3u);
-  dbf.set_rec(5);
-  for (uint32_t i = 0; i < dbf.get_np(); ++i) dbf.get_str(i);
-  SUCCEED();
+  vxk_test::error_log env;
+  EXPECT_EQ(dbf.open(path.c_str(), true), 1);
+  EXPECT_EQ(dbf.get_np(), 0u);
+  EXPECT_EQ(dbf.get_nr(), 0u);
+  ASSERT_EQ(env.errors.size(), 1u);
+  EXPECT_EQ(env.errors[0],
+            "'" + path + "' is not a dBASE table: its header size 65535 does not fit a file of 128 bytes");
+}
+
+// A text file named .dbf is no table, even when it is long enough for a header.
+TEST_F(DbfMalformedTest, TextFileIsRefused) {
+  const std::string text = "name;x;y\nMoscow;37.6;55.75\nTver;35.9;56.86\nKlin;36.7;56.33\n";
+  write_bytes(path, std::vector<uint8_t>(text.begin(), text.end()));
+  Tvx_file_dbf dbf;
+  vxk_test::error_log env;
+  EXPECT_EQ(dbf.open(path.c_str(), true), 1);
+  ASSERT_EQ(env.errors.size(), 1u);
+  EXPECT_NE(env.errors[0].find("is not a dBASE table"), std::string::npos) << env.errors[0];
+}
+
+TEST_F(DbfMalformedTest, EmptyFileIsNoEmptyTable) {
+  write_bytes(path, {});
+  Tvx_file_dbf dbf;
+  vxk_test::error_log env;
+  EXPECT_EQ(dbf.open(path.c_str(), true), 1);
+  ASSERT_EQ(env.errors.size(), 1u);
+  EXPECT_EQ(env.errors[0],
+            "'" + path + "' is not a dBASE table: it is shorter than the 32-byte header (0 bytes)");
+}
+
+TEST_F(DbfMalformedTest, FolderIsNoEmptyTable) {
+  std::filesystem::create_directories(path);
+  Tvx_file_dbf dbf;
+  vxk_test::error_log env;
+  EXPECT_EQ(dbf.open(path.c_str(), true), 1);
+  ASSERT_EQ(env.errors.size(), 1u);
+  EXPECT_EQ(env.errors[0], "Can't open file: \"" + path + "\": Is a directory");
+  std::filesystem::remove(path);
 }
 
 TEST_F(DbfMalformedTest, NegativeDecimalCountStillFormats) {
@@ -580,12 +620,16 @@ TEST_F(DbfMalformedTest, NegativeDecimalCountStillFormats) {
   EXPECT_STREQ(dbf.get_str(0), "  2");
 }
 
+// Cut anywhere: a file too short for its header is refused; past the header, the records that are not
+// there read as nothing, and the count is cut to what is there.
 TEST_F(DbfMalformedTest, TruncatedFiles) {
   const auto v = good_table();
+  const size_t header = 32 + 2 * 32 + 1;
   for (size_t n = 0; n < v.size(); ++n) {
     write_bytes(path, std::vector<uint8_t>(v.begin(), v.begin() + n));
     Tvx_file_dbf dbf;
-    ASSERT_EQ(dbf.open(path.c_str(), true), 0);
+    ASSERT_EQ(dbf.open(path.c_str(), true), n < header ? 1 : 0) << n;
+    EXPECT_EQ(dbf.get_nr(), n < header ? 0u : std::min<uint32_t>(2, (n - header) / 6)) << n;
     for (uint32_t r = 0; r < 3; ++r) {
       dbf.set_rec(r);
       for (uint32_t i = 0; i <= dbf.get_np(); ++i) {

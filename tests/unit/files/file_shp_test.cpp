@@ -10,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "fault_injection.h"
 #include "files/file_dbf.h"
 #include "test_paths.h"
 
@@ -393,6 +394,13 @@ TEST_F(ShpTest, ZRecordWithoutMeasureBlockReads) {
   Tvx_point3d p;
   r.get_point_z(&p);
   EXPECT_EQ(p.z, 3.0);
+  // The measures are optional: a record without them is whole.
+  EXPECT_FALSE(r.is_record_damaged());
+  for (unsigned i = 0; i < 2; ++i) {
+    r.get_obj_type(i);
+    i == 0 ? r.get_polyline_z(&op) : r.get_multipoint_z(&pp);
+    EXPECT_FALSE(r.is_record_damaged()) << i;
+  }
 }
 
 TEST_F(ShpTest, MainFileKeepsItsExtensionAndIndexGetsShx) {
@@ -604,6 +612,17 @@ void read_everything(const std::filesystem::path& shp) {
   }
 }
 
+// Opens shp and expects it refused as no shape file: zero records, and one report, the one given.
+void expect_refused(const std::filesystem::path& shp, const std::string& report) {
+  Tvx_file_shp r;
+  vxk_test::error_log env;
+  r.open(shp.string().c_str(), true);
+  EXPECT_FALSE(r.is_valid());
+  EXPECT_EQ(r.get_no(), 0u);
+  EXPECT_EQ(r.get_type(), 0);
+  EXPECT_EQ(env.errors, std::vector<std::string>{report});
+}
+
 TEST_F(ShpTest, IndexHeaderClaimingTwoToTheThirtyFirstRecords) {
   writer c;
   c.le(1).d(1).d(2);
@@ -613,13 +632,21 @@ TEST_F(ShpTest, IndexHeaderClaimingTwoToTheThirtyFirstRecords) {
   x[25] = x[26] = x[27] = 0;
   write_bytes(shx, x);
   Tvx_file_shp r;
+  vxk_test::error_log env;
   r.open(shp.string().c_str(), true);
+  EXPECT_TRUE(r.is_valid());
   EXPECT_EQ(r.get_no(), 1u);
+  ASSERT_EQ(env.errors.size(), 1u);
+  EXPECT_EQ(env.errors[0],
+            "'" + shx.string() + "' is damaged: its header counts 268435443 records, it holds 1");
+  EXPECT_EQ(r.get_missing(), 268435442u);
   ASSERT_EQ(r.get_obj_type(0), SHP_POINT);
   Tvx_point2d p;
   r.get_point(&p);
   EXPECT_EQ(p.y, 2.0);
+  EXPECT_FALSE(r.is_record_damaged());
   EXPECT_EQ(r.get_obj_type(0x80000000u), SHP_NULL);
+  EXPECT_TRUE(r.is_record_damaged());
 }
 
 TEST_F(ShpTest, IndexLengthBelowTheHeaderGivesNoRecords) {
@@ -630,9 +657,10 @@ TEST_F(ShpTest, IndexLengthBelowTheHeaderGivesNoRecords) {
   x[24] = x[25] = x[26] = 0;
   x[27] = 10;
   write_bytes(shx, x);
-  Tvx_file_shp r;
-  r.open(shp.string().c_str(), true);
-  EXPECT_EQ(r.get_no(), 0u);
+  // A length shorter than the header cannot be: this is no shape file.
+  expect_refused(shp, "'" + shx.string() +
+                          "' is not a shape file: its header gives it a length of 20 bytes, less than "
+                          "the header itself");
 }
 
 TEST_F(ShpTest, PartCountLargerThanTheRecord) {
@@ -651,21 +679,25 @@ TEST_F(ShpTest, PartCountLargerThanTheRecord) {
   ASSERT_EQ(r.get_obj_type(0), SHP_POLYLINE);
   Tvx_op2d op;
   r.get_polyline(&op);
+  EXPECT_TRUE(r.is_record_damaged());
   EXPECT_LE(op.get_size(), 11);
   int total = 0;
   for (int k = 0; k < op.get_size(); ++k) total += op.get(k)->get_size();
   EXPECT_LE(total, 2);
   ASSERT_EQ(r.get_obj_type(1), SHP_POLYGON);
   r.get_polygon(&op);
+  EXPECT_TRUE(r.is_record_damaged());
   ASSERT_EQ(op.get_size(), 1);
   EXPECT_EQ(op.get(0)->get_size(), 2);
   ASSERT_EQ(r.get_obj_type(2), SHP_MULTIPATCH);
   Tvx_multipatch3d mp;
   r.get_multipatch(&mp);
+  EXPECT_TRUE(r.is_record_damaged());
   EXPECT_LE(mp.get_size(), 1);
   ASSERT_EQ(r.get_obj_type(3), SHP_POLYLINE_Z);
   Tvx_op3d oz;
   r.get_polyline_z(&oz);
+  EXPECT_TRUE(r.is_record_damaged());
   ASSERT_EQ(oz.get_size(), 3);
   EXPECT_EQ(oz.get(0)->get_size(), 0);  // start -5 after 0: a negative size becomes 0
 }
@@ -682,7 +714,9 @@ TEST_F(ShpTest, RecordOffsetPastTheEndOfTheFile) {
   r.open(shp.string().c_str(), true);
   ASSERT_EQ(r.get_no(), 2u);
   EXPECT_EQ(r.get_obj_type(1), SHP_NULL);
+  EXPECT_TRUE(r.is_record_damaged());
   EXPECT_EQ(r.get_obj_type(0), SHP_POINT);
+  EXPECT_FALSE(r.is_record_damaged());
 }
 
 TEST_F(ShpTest, RecordLengthPastTheEndOfTheFile) {
@@ -695,10 +729,153 @@ TEST_F(ShpTest, RecordLengthPastTheEndOfTheFile) {
   Tvx_file_shp r;
   r.open(shp.string().c_str(), true);
   ASSERT_EQ(r.get_obj_type(0), SHP_MULTIPOINT);
+  EXPECT_TRUE(r.is_record_damaged());
   Tvx_pp2d pp;
   r.get_multipoint(&pp);
   ASSERT_EQ(pp.get_size(), 1);
   EXPECT_EQ(pp.get(0).y, 4.0);
+}
+
+// A file that is not a shape file is refused before any count of it is believed: zero records, and the
+// reason through the environment.
+TEST_F(ShpTest, TextFilesNamedShpAndShxAreRefused) {
+  const std::string text = "name,x,y\n" + std::string(200, 'z') + "\n";
+  write_bytes(shp, bytes(text.begin(), text.end()));
+  write_bytes(shx, bytes(text.begin(), text.end()));
+  Tvx_file_shp r;
+  vxk_test::error_log env;
+  r.open(shp.string().c_str(), true);
+  EXPECT_FALSE(r.is_valid());
+  EXPECT_EQ(r.get_no(), 0u);
+  EXPECT_EQ(r.get_type(), 0);
+  ASSERT_EQ(env.errors.size(), 1u);
+  EXPECT_EQ(env.errors[0],
+            "'" + shp.string() + "' is not a shape file: its file code is 1851878757, not 9994");
+}
+
+TEST_F(ShpTest, IndexWithAnotherFileCodeIsRefused) {
+  writer c;
+  c.le(1).d(1).d(2);
+  write_pair(shp, 1, {c.v});
+  bytes x = read_bytes(shx);
+  x[3] = 0x09;
+  write_bytes(shx, x);
+  expect_refused(shp, "'" + shx.string() + "' is not a shape file: its file code is 9993, not 9994");
+}
+
+TEST_F(ShpTest, FileShorterThanAHeaderIsRefused) {
+  write_bytes(shp, bytes(60, 0));
+  write_bytes(shx, bytes(100, 0));
+  expect_refused(
+      shp, "'" + shp.string() + "' is not a shape file: it is shorter than the 100-byte header (60 bytes)");
+}
+
+// A folder named like the index once made the reader allocate 4 GB: it is a file that cannot be opened.
+TEST_F(ShpTest, IndexThatIsAFolderIsRefused) {
+  writer c;
+  c.le(1).d(1).d(2);
+  write_pair(shp, 1, {c.v});
+  std::filesystem::remove(shx);
+  std::filesystem::create_directory(shx);
+  expect_refused(shp, "Can't open file: \"" + shx.string() + "\": Is a directory");
+}
+
+// Records whose data is not all there: each is marked, so that a caller can tell a damaged source from
+// a record that is empty on purpose.
+TEST_F(ShpTest, RecordsWithoutTheirDataAreMarkedDamaged) {
+  writer point_without_y;
+  point_without_y.le(1).d(1);
+  writer bare_type;
+  bare_type.le(1);
+  writer unknown_type;
+  unknown_type.le(7).d(1).d(2);
+  writer negative_count;
+  negative_count.le(8).d(0).d(0).d(1).d(1).le(-3);
+  writer z_without_z;
+  z_without_z.le(11).d(1).d(2);
+  writer whole;
+  whole.le(1).d(1).d(2);
+  write_pair(shp, 1,
+             {point_without_y.v, bare_type.v, unknown_type.v, negative_count.v, z_without_z.v, whole.v});
+  Tvx_file_shp r;
+  r.open(shp.string().c_str(), true);
+  ASSERT_EQ(r.get_no(), 6u);
+  Tvx_point2d p;
+  Tvx_point3d pz;
+  Tvx_pp2d pp;
+  r.get_obj_type(0);
+  r.get_point(&p);
+  EXPECT_TRUE(r.is_record_damaged());
+  r.get_obj_type(1);
+  r.get_point(&p);
+  EXPECT_TRUE(r.is_record_damaged());
+  EXPECT_EQ(r.get_obj_type(2), 7);
+  EXPECT_TRUE(r.is_record_damaged());
+  r.get_obj_type(3);
+  r.get_multipoint(&pp);
+  EXPECT_TRUE(r.is_record_damaged());
+  EXPECT_EQ(pp.get_size(), 0);
+  r.get_obj_type(4);
+  r.get_point_z(&pz);
+  EXPECT_TRUE(r.is_record_damaged());
+  r.get_obj_type(5);
+  r.get_point(&p);
+  EXPECT_FALSE(r.is_record_damaged());
+}
+
+TEST_F(ShpTest, RecordsOfOurWriterAreWhole) {
+  Tvx_op2d op;
+  make_pp(op, {{0, 0}, {1, 1}, {2, 0}});
+  make_pp(op, {{5, 5}, {6, 6}});
+  Tvx_multipatch3d mp;
+  make_pp3(mp.add()->get_pp_ptr(), {{0, 0, 1}, {1, 0, 2}, {0, 1, 3}});
+  Tvx_op3d oz;
+  make_pp3(oz.add(), {{0, 0, 1}, {1, 0, 2}});
+  Tvx_point2d pt{1, 2};
+  Tvx_point3d ptz{1, 2, 3};
+  {
+    Tvx_file_shp f;
+    f.create(shp.string().c_str(), SHP_POLYLINE);
+    f.add_polyline(&op);
+    f.add_multipatch(&mp);
+    f.add_empty();
+    f.add_point(&pt);
+    f.add_point_z(&ptz);
+    f.add_polygon_z(&oz);
+    f.add_multipoint(op.get(0));
+    f.close();
+  }
+  Tvx_file_shp r;
+  r.open(shp.string().c_str(), true);
+  ASSERT_TRUE(r.is_valid());
+  ASSERT_EQ(r.get_no(), 7u);
+  for (unsigned i = 0; i < r.get_no(); ++i) {
+    switch (r.get_obj_type(i)) {
+      case SHP_POLYLINE:
+        r.get_polyline(&op);
+        break;
+      case SHP_MULTIPATCH:
+        r.get_multipatch(&mp);
+        break;
+      case SHP_POINT:
+        r.get_point(&pt);
+        break;
+      case SHP_POINT_Z:
+        r.get_point_z(&ptz);
+        break;
+      case SHP_POLYGON_Z:
+        r.get_polygon_z(&oz);
+        break;
+      case SHP_MULTIPOINT: {
+        Tvx_pp2d pp;
+        r.get_multipoint(&pp);
+        break;
+      }
+      default:
+        break;
+    }
+    EXPECT_FALSE(r.is_record_damaged()) << i;
+  }
 }
 
 TEST_F(ShpTest, TruncatedFilesAtEveryLength) {

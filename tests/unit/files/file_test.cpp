@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "error_log.h"
+#include "fault_injection.h"
 #include "support/ansi_code_page.h"
 #include "support/env.h"
 #include "support/rc.h"
@@ -38,8 +39,8 @@ TEST_F(FileTest, OpenOfMissingFileReportsAndCloseDoesNothing) {
   Tvx_file f;
   EXPECT_EQ(f.open("none.bin", true), 1);
   ASSERT_EQ(log.errors.size(), 1u);
-  // The wide name goes into the narrow format as raw bytes: only its first letter shows.
-  EXPECT_EQ(log.errors[0], "Can't open file: \"n\"");
+  // The whole name, and the system's reason.
+  EXPECT_EQ(log.errors[0], "Can't open file: \"none.bin\": No such file or directory");
   EXPECT_FALSE(f.is_open());
   f.close();
   f.close();
@@ -78,7 +79,9 @@ TEST_F(FileTest, WriteOfZeroBytesReportsTheWriteError) {
   ASSERT_EQ(f.create(path("w.bin").c_str()), 0);
   EXPECT_EQ(f.write("x", 0), 0);
   ASSERT_EQ(log.errors.size(), 1u);
-  EXPECT_EQ(log.errors[0], "Error writing file: \"/\"");
+  // No block was moved, and the system has no reason to give.
+  EXPECT_EQ(log.errors[0], "Error writing file: \"" + path("w.bin") + "\"");
+  EXPECT_EQ(f.get_failures(), 1u);
 }
 
 TEST_F(FileTest, BytesThatCannotReachTheDiskAtCloseReportTheWriteError) {
@@ -87,8 +90,9 @@ TEST_F(FileTest, BytesThatCannotReachTheDiskAtCloseReportTheWriteError) {
   EXPECT_EQ(f.write("abc", 3), 0);  // buffered: no error yet
   f.close();
   ASSERT_EQ(log.errors.size(), 1u);
-  EXPECT_EQ(log.errors[0], "Error writing file: \"/\"");
+  EXPECT_EQ(log.errors[0], "Error writing file: \"/dev/full\": No space left on device");
   EXPECT_FALSE(f.is_open());
+  EXPECT_EQ(f.get_failures(), 1u);
 }
 
 TEST_F(FileTest, ReadPastTheEndReportsAndTheStreamGoesOn) {
@@ -99,7 +103,7 @@ TEST_F(FileTest, ReadPastTheEndReportsAndTheStreamGoesOn) {
   char buf[8] = {};
   EXPECT_EQ(f.read(buf, 8), 0);
   ASSERT_EQ(log.errors.size(), 1u);
-  EXPECT_EQ(log.errors[0], "Error reading file: \"/\"");
+  EXPECT_EQ(log.errors[0], "Error reading file: \"" + path("r.bin") + "\": the file ends before the data");
   f.seek(1);
   EXPECT_EQ(f.read(buf, 1), 0);
   EXPECT_EQ(buf[0], 'b');
@@ -115,7 +119,7 @@ TEST_F(FileTest, ReadOnlyFileRefusesWrites) {
   char buf[4];
   f.read(buf, 4);
   ASSERT_EQ(log.errors.size(), 1u);
-  EXPECT_EQ(log.errors[0], "Error writing file: \"/\"");
+  EXPECT_EQ(log.errors[0], "Error writing file: \"" + path("ro.bin") + "\": Bad file descriptor");
   EXPECT_EQ(std::string(buf, 4), "data");
 }
 
@@ -141,10 +145,13 @@ TEST_F(FileTest, RussianMessagesKeepTheCrossedPair) {
   char c;
   f.read(&c, 1);
   ASSERT_EQ(log.errors.size(), 3u);
-  EXPECT_EQ(vx::strconv::ansi_to_wide(log.errors[0]), L"Не могу открыть файл: \"z\"");
+  EXPECT_EQ(vx::strconv::ansi_to_wide(log.errors[0]),
+            L"Не могу открыть файл: \"zz\": No such file or directory");
   // The write error says reading, and the read error says writing: the table stands so.
-  EXPECT_EQ(vx::strconv::ansi_to_wide(log.errors[1]), L"Ошибка чтения из файла: \"/\"");
-  EXPECT_EQ(vx::strconv::ansi_to_wide(log.errors[2]), L"Ошибка записи в файл: \"/\"");
+  const std::wstring name = vx::strconv::utf8_to_wide(path("x.bin"));
+  EXPECT_EQ(vx::strconv::ansi_to_wide(log.errors[1]), L"Ошибка чтения из файла: \"" + name + L"\"");
+  EXPECT_EQ(vx::strconv::ansi_to_wide(log.errors[2]),
+            L"Ошибка записи в файл: \"" + name + L"\": the file ends before the data");
 }
 
 TEST_F(FileTest, ClosedFileOperationsAreSafe) {
@@ -173,6 +180,46 @@ TEST_F(FileTest, NoEnvironmentMeansSilentFailures) {
   Tvx_file f;
   EXPECT_EQ(f.open(path("missing").c_str(), true), 1);
   EXPECT_TRUE(log.errors.empty());
+  // The file still counts it, for a caller that must know.
+  EXPECT_EQ(f.get_failures(), 1u);
+}
+
+// A folder opens for reading on this system and then claims a size it does not have (a reader that
+// believed it once allocated 4 GB for a ".shx" that was a folder): it is refused as a file.
+TEST_F(FileTest, FolderIsRefusedAsAFileThatCannotBeOpened) {
+  std::filesystem::create_directories(dir / "folder.shx");
+  Tvx_file f;
+  EXPECT_EQ(f.open(path("folder.shx").c_str(), true), 1);
+  EXPECT_FALSE(f.is_open());
+  EXPECT_EQ(f.get_size(), 0u);
+  ASSERT_EQ(log.errors.size(), 1u);
+  EXPECT_EQ(log.errors[0], "Can't open file: \"" + path("folder.shx") + "\": Is a directory");
+  EXPECT_EQ(f.create(path("folder.shx").c_str()), 1);
+  EXPECT_EQ(f.get_failures(), 2u);
+}
+
+// A seek flushes the bytes written before it; a flush that fails there must not vanish.
+TEST_F(FileTest, FailureAtSeekIsAWriteError) {
+  if (!std::filesystem::exists("/dev/full")) GTEST_SKIP() << "no /dev/full on this system";
+  Tvx_file f;
+  ASSERT_EQ(f.create("/dev/full"), 0);
+  f.write("abc", 3);
+  f.seek(0);
+  ASSERT_EQ(log.errors.size(), 1u);
+  EXPECT_EQ(log.errors[0], "Error writing file: \"/dev/full\": No space left on device");
+}
+
+TEST_F(FileTest, FileSizeLimitIsReportedWithItsReason) {
+  Tvx_file f;
+  ASSERT_EQ(f.create(path("big.bin").c_str()), 0);
+  const std::string block(64 * 1024, 'x');
+  {
+    vxk_test::file_size_limit limit(16 * 1024);
+    f.write(block.data(), static_cast<uint32_t>(block.size()));
+    f.close();
+  }
+  ASSERT_FALSE(log.errors.empty());
+  EXPECT_EQ(log.errors[0], "Error writing file: \"" + path("big.bin") + "\": File too large");
 }
 
 }  // namespace

@@ -34,8 +34,8 @@ def fresh(name):
 
 
 def leftovers():
-    """Temporary folders that a run left beside its destination."""
-    return [n for n in os.listdir(ROOT) if ".vxk-" in n]
+    """Temporary folders that a run left in or beside its destination."""
+    return [os.path.join(d, n) for d, dirs, _ in os.walk(ROOT) for n in dirs if ".vxk-" in n]
 
 
 def area(path):

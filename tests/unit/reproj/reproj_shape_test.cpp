@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "error_log.h"
+#include "fault_injection.h"
 #include "files/file_shp.h"
 #include "geom/geom2d.h"
 #include "geom/geom3d.h"
@@ -396,29 +397,145 @@ TEST_F(ReprojShape, IdenticalProjectionsWriteANewFileWithTheSameGeometry) {
 
 // ---- paths and bad sources --------------------------------------------------------------------------------
 
-TEST_F(ReprojShape, SameSourceAndDestinationIsAllowed) {
+// A destination that is the source would be emptied while it is read: refused, whatever the spelling,
+// and reported. (Writing over the source was allowed once; it destroyed the source.)
+TEST_F(ReprojShape, DestinationThatIsTheSourceIsRefused) {
   make_polygons();
   write_bytes(dir / "src.dbf", "table");
-  EXPECT_EQ(Tvx_reproj_shape::execute(src.string().c_str(), kPulkovo, src.string().c_str(), kGk7), 0);
-  EXPECT_GE(fs::file_size(src), 100u);
-  EXPECT_EQ(read_bytes(dir / "src.dbf"), "table");
+  const auto before = vxk_test::snapshot(dir);
+  fs::create_symlink(src, dir / "link.shp");
+  fs::create_hard_link(src, dir / "hard.shp");
+  for (const fs::path& same : {src, dir / "." / "src.shp", dir / "link.shp", dir / "hard.shp",
+                               // "src.dat" is written with the index "src.shx", which is the source's.
+                               dir / "src.dat"}) {
+    error_log env;
+    EXPECT_EQ(Tvx_reproj_shape::execute(src.string().c_str(), kPulkovo, same.string().c_str(), kGk7), 1)
+        << same;
+    ASSERT_EQ(env.errors.size(), 1u) << same;
+    EXPECT_NE(env.errors[0].find("is the source"), std::string::npos) << env.errors[0];
+    EXPECT_NE(env.errors[0].find("nothing was written"), std::string::npos) << env.errors[0];
+  }
+  fs::remove(dir / "link.shp");
+  fs::remove(dir / "hard.shp");
+  EXPECT_EQ(vxk_test::snapshot(dir), before);
 }
 
-TEST_F(ReprojShape, MissingSourceIsReportedAndGivesAnEmptyDestination) {
-  error_log log;
-  EXPECT_EQ(run(), 0);
-  EXPECT_FALSE(log.errors.empty());
-  EXPECT_EQ(record_types(dst).size(), 0u);
-  EXPECT_EQ(fs::file_size(dst), 100u);
+// A source that cannot be opened has no defined content: it is reported, and no destination is made
+// (an empty one would replace an earlier result with nothing).
+TEST_F(ReprojShape, MissingSourceIsReportedAndGivesNoDestination) {
+  error_log env;
+  Tvx_reproj_shape_report report;
+  EXPECT_EQ(Tvx_reproj_shape::execute(src.string().c_str(), kPulkovo, dst.string().c_str(), kGk7, &report),
+            0);
+  ASSERT_FALSE(env.errors.empty());
+  EXPECT_NE(env.errors[0].find("No such file or directory"), std::string::npos) << env.errors[0];
+  EXPECT_FALSE(fs::exists(dst));
+  EXPECT_GE(report.file_errors, 1u);
 }
 
-TEST_F(ReprojShape, SourceWithoutIndexGivesAnEmptyDestination) {
+TEST_F(ReprojShape, SourceWithoutIndexGivesNoDestination) {
   make_polygons();
   fs::remove(fs::path(src).replace_extension(".shx"));
-  error_log log;
+  error_log env;
   EXPECT_EQ(run(), 0);
-  EXPECT_FALSE(log.errors.empty());
-  EXPECT_EQ(record_types(dst).size(), 0u);
+  EXPECT_FALSE(env.errors.empty());
+  EXPECT_FALSE(fs::exists(dst));
+}
+
+TEST_F(ReprojShape, TextFileIsNoShapeFileAndGivesNoDestination) {
+  write_bytes(src, std::string(300, 'x'));
+  write_bytes(fs::path(src).replace_extension(".shx"), std::string(300, 'x'));
+  write_bytes(fs::path(src).replace_extension(".dbf"), "table");
+  error_log env;
+  Tvx_reproj_shape_report report;
+  EXPECT_EQ(Tvx_reproj_shape::execute(src.string().c_str(), kPulkovo, dst.string().c_str(), kGk7, &report),
+            0);
+  ASSERT_EQ(env.errors.size(), 1u);
+  EXPECT_NE(env.errors[0].find("is not a shape file"), std::string::npos) << env.errors[0];
+  EXPECT_EQ(report.file_errors, 1u);
+  EXPECT_EQ(report.records, 0u);
+  EXPECT_FALSE(fs::exists(dst));
+  EXPECT_FALSE(fs::exists(fs::path(dst).replace_extension(".dbf")));
+}
+
+// A source cut in the middle of its records: the records that are not there are null records, counted
+// apart from records that could not be transformed, and the damage is reported.
+TEST_F(ReprojShape, RecordsThatCannotBeReadAreCountedApart) {
+  make_polygons();
+  std::string body = read_bytes(src);
+  body.resize(body.size() - 20);  // into the last polygon
+  write_bytes(src, body);
+  error_log env;
+  Tvx_reproj_shape_report report;
+  ASSERT_EQ(Tvx_reproj_shape::execute(src.string().c_str(), kPulkovo, dst.string().c_str(), kOrtho, &report),
+            0);
+  EXPECT_EQ(record_types(dst), (std::vector<int>{5, 0, 0}));
+  EXPECT_EQ(report.records, 3u);
+  EXPECT_EQ(report.unreadable, 1u);
+  EXPECT_EQ(report.failed, 0u);
+  EXPECT_EQ(report.file_errors, 0u);
+  ASSERT_EQ(env.errors.size(), 1u);
+  EXPECT_EQ(env.errors[0],
+            "the source '" + src.string() +
+                "' is damaged: 1 of 3 records could not be read and were written as null records");
+}
+
+// Writes that fail (here under a file size limit) are reported with the file's name and the system's
+// reason, and counted; the run goes on and its result stays what it was.
+TEST_F(ReprojShape, WriteFailuresAreReportedWithTheirReasonAndCounted) {
+  measured_file m;
+  std::string point = measured_file::le32(1) + measured_file::f64(37.5) + measured_file::f64(55.5);
+  for (int i = 0; i < 400; ++i) m.add(point);
+  m.save(src, 1);
+  error_log env;
+  Tvx_reproj_shape_report report;
+  {
+    vxk_test::file_size_limit limit(4096);
+    ASSERT_EQ(Tvx_reproj_shape::execute(src.string().c_str(), kPulkovo, dst.string().c_str(), kGk7, &report),
+              0);
+  }
+  EXPECT_GT(report.file_errors, 0u);
+  ASSERT_FALSE(env.errors.empty());
+  EXPECT_EQ(env.errors[0], "Error writing file: \"" + dst.string() + "\": File too large");
+}
+
+TEST_F(ReprojShape, TableThatCannotBeCopiedIsReportedAndCounted) {
+  make_polygons();
+  fs::create_directory(fs::path(src).replace_extension(".dbf"));
+  error_log env;
+  Tvx_reproj_shape_report report;
+  ASSERT_EQ(Tvx_reproj_shape::execute(src.string().c_str(), kPulkovo, dst.string().c_str(), kGk7, &report),
+            0);
+  EXPECT_EQ(report.file_errors, 1u);
+  ASSERT_EQ(env.errors.size(), 1u);
+  EXPECT_EQ(env.errors[0], "cannot copy '" + fs::path(src).replace_extension(".dbf").string() + "' to '" +
+                               fs::path(dst).replace_extension(".dbf").string() + "': Is a directory");
+}
+
+// What PROJ says goes through the environment: why a text was refused, as an error; what it said of
+// the vertices it could not transform, once with its count, as a message. Nothing is printed.
+TEST_F(ReprojShape, ProjsWordsGoThroughTheEnvironment) {
+  measured_file m;
+  for (int i = 0; i < 7; ++i)
+    m.add(measured_file::le32(1) + measured_file::f64(37.0) + measured_file::f64(95.0 + i));
+  m.save(src, 1);
+  error_log env;
+  testing::internal::CaptureStderr();
+  Tvx_reproj_shape_report report;
+  ASSERT_EQ(
+      Tvx_reproj_shape::execute(src.string().c_str(), "+proj=longlat +ellps=krass +no_defs",
+                                dst.string().c_str(), "+proj=tmerc +lon_0=39 +ellps=krass +units=m", &report),
+      0);
+  EXPECT_EQ(Tvx_reproj_shape::execute(src.string().c_str(), kPulkovo, dst.string().c_str(), "+proj=foo"), 1);
+  EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+  EXPECT_EQ(report.failed, 7u);
+  ASSERT_EQ(env.messages.size(), 1u);
+  EXPECT_EQ(env.messages[0], "PROJ: tmerc: Invalid latitude (7 times)");
+  ASSERT_EQ(env.errors.size(), 1u);
+  EXPECT_EQ(env.errors[0].rfind(
+                "cannot build the transformation: PROJ refused the destination system \"+proj=foo\": ", 0),
+            0u)
+      << env.errors[0];
 }
 
 TEST_F(ReprojShape, IndexThatClaimsTooManyRecordsEndsCleanly) {
@@ -428,8 +545,30 @@ TEST_F(ReprojShape, IndexThatClaimsTooManyRecordsEndsCleanly) {
   std::string idx = read_bytes(shx);
   idx.replace(24, 4, measured_file::be32(0x40000000u));
   write_bytes(shx, idx);
-  EXPECT_EQ(run(), 0);
-  EXPECT_LE(record_types(dst).size(), 3u);
+  error_log env;
+  Tvx_reproj_shape_report report;
+  EXPECT_EQ(Tvx_reproj_shape::execute(src.string().c_str(), kPulkovo, dst.string().c_str(), kGk7, &report),
+            0);
+  EXPECT_EQ(record_types(dst).size(), 3u);
+  // The records the index counts and does not hold could not be read; the damage is reported.
+  EXPECT_EQ(report.unreadable, (0x80000000u - 100) / 8 - 3);
+  EXPECT_EQ(report.file_errors, 0u);
+  ASSERT_EQ(env.errors.size(), 1u);
+  EXPECT_NE(env.errors[0].find("is damaged: its header counts 268435443 records, it holds 3"),
+            std::string::npos)
+      << env.errors[0];
+}
+
+TEST_F(ReprojShape, IndexCutShortCountsTheRecordsItLost) {
+  make_polygons();
+  const fs::path shx = fs::path(src).replace_extension(".shx");
+  fs::resize_file(shx, fs::file_size(shx) - 8);
+  Tvx_reproj_shape_report report;
+  EXPECT_EQ(Tvx_reproj_shape::execute(src.string().c_str(), kPulkovo, dst.string().c_str(), kGk7, &report),
+            0);
+  EXPECT_EQ(record_types(dst), (std::vector<int>{5, 0}));
+  EXPECT_EQ(report.records, 2u);
+  EXPECT_EQ(report.unreadable, 1u);
 }
 
 TEST_F(ReprojShape, RecordsThatLieAboutTheirSizeDoNotCrash) {

@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "../services/text_list_samples.h"
+#include "fault_injection.h"
 #include "services/flat_types.h"
 #include "support/ansi_code_page.h"
 #include "test_paths.h"
@@ -321,6 +322,47 @@ TEST(ReprojTld, SourceAndDestinationMayBeOneFile) {
   ASSERT_TRUE(vx_proj4_tld_w(path.c_str(), WGS84, path.c_str(), MERC));
   list_ptr back = read_tld(dir / "labels.tld");
   EXPECT_NEAR(vx_text_data_get_point(first(back), 0).y, merc_y(50), 1e-3);
+}
+
+// The same file as source and destination, and the write fails: the source stays as it was (it was
+// once left cut short), and the failure is reported.
+TEST(ReprojTld, FailedWriteOverTheSourceLeavesItAsItWas) {
+  const fs::path dir = vxk_test::scratch_dir("reproj_tld_in_place_fails");
+  list_ptr list(vxk_test::make_full_list());
+  write_tld(dir / "labels.tld", list.get());
+  const auto before = vxk_test::snapshot(dir);
+  const std::wstring path = (dir / "labels.tld").wstring();
+  vxk_test::error_log env;
+  {
+    vxk_test::file_size_limit limit(16);
+    EXPECT_TRUE(vx_proj4_tld_w(path.c_str(), WGS84, path.c_str(), MERC));
+  }
+  EXPECT_EQ(vxk_test::snapshot(dir), before);
+  ASSERT_EQ(env.errors.size(), 1u);
+  EXPECT_NE(env.errors[0].find("File too large"), std::string::npos) << env.errors[0];
+}
+
+TEST(ReprojTld, FailuresAreReportedThroughTheEnvironment) {
+  const fs::path dir = vxk_test::scratch_dir("reproj_tld_reports");
+  list_ptr list(vxk_test::make_full_list());
+  write_tld(dir / "src.tld", list.get());
+  vxk_test::error_log env;
+  EXPECT_FALSE(
+      vx_proj4_tld_w(wide(dir / "src.tld").c_str(), WGS84, wide(dir / "missing" / "dst.tld").c_str(), MERC));
+  ASSERT_EQ(env.errors.size(), 1u);
+  EXPECT_NE(env.errors[0].find("as a label file"), std::string::npos) << env.errors[0];
+  env.errors.clear();
+  EXPECT_FALSE(
+      vx_proj4_tld_w(wide(dir / "src.tld").c_str(), WGS84, wide(dir / "dst.tld").c_str(), L"+proj=foo"));
+  ASSERT_EQ(env.errors.size(), 1u);
+  EXPECT_EQ(env.errors[0].rfind(
+                "cannot build the transformation: PROJ refused the destination system \"+proj=foo\"", 0),
+            0u)
+      << env.errors[0];
+  env.errors.clear();
+  EXPECT_TRUE(vx_proj4_tld_w(wide(dir / "absent.tld").c_str(), WGS84, wide(dir / "dst.tld").c_str(), MERC));
+  ASSERT_EQ(env.errors.size(), 1u);
+  EXPECT_NE(env.errors[0].find("No such file or directory"), std::string::npos) << env.errors[0];
 }
 
 }  // namespace

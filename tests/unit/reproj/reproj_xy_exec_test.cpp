@@ -10,6 +10,7 @@
 
 #include "cs2cs.h"
 #include "kruger_tm.h"
+#include "reproj/proj_log.h"
 #include "reproj/xy_array.h"
 
 namespace {
@@ -47,30 +48,22 @@ void expect_like_cs2cs(const char* src, const char* dst, double x, double y, dou
   EXPECT_NEAR(gy, want.y, tol) << x << " " << y;
 }
 
-// Counts PROJ's log messages while alive, at the most detailed level. PROJ cannot give back its own
-// logger, so the one installed here stays and writes to standard error, as PROJ's does, when no
-// counter is alive.
+// Counts PROJ's log messages while alive, at the most detailed level. The library's own logging
+// function on PROJ's default context keeps them (reproj/proj_log.h); they are taken from there.
 class proj_log_counter {
  public:
   proj_log_counter() {
-    active_ = this;
-    proj_log_func(nullptr, nullptr, &log);
+    vx::proj_log::take();
     previous_ = proj_log_level(nullptr, PJ_LOG_TRACE);
   }
-  ~proj_log_counter() {
-    proj_log_level(nullptr, previous_);
-    active_ = nullptr;
+  ~proj_log_counter() { proj_log_level(nullptr, previous_); }
+  unsigned count() {
+    unsigned n = 0;
+    for (const auto& r : vx::proj_log::take()) n += r.count;
+    return n;
   }
-  int count = 0;
 
  private:
-  static void log(void*, int, const char* message) {
-    if (active_)
-      ++active_->count;
-    else
-      std::fprintf(stderr, "%s\n", message);
-  }
-  static inline proj_log_counter* active_ = nullptr;
   PJ_LOG_LEVEL previous_;
 };
 
@@ -81,7 +74,7 @@ TEST(ReprojXyExec, TextWithoutKnownParameterFailsWithoutCallingProj) {
     EXPECT_FALSE(e.init("/home/user/maps/zone7.prj", kWgs84));
     EXPECT_FALSE(e.init(kWgs84, "C:\\maps\\zone7.prj"));
     EXPECT_FALSE(e.init("", ""));
-    EXPECT_EQ(log.count, 0);
+    EXPECT_EQ(log.count(), 0u);
   }
   double x = 37, y = 55;
   EXPECT_FALSE(e.apply(&x, &y));
@@ -92,7 +85,7 @@ TEST(ReprojXyExec, ProjLogCounterSeesProjAtWork) {
   proj_log_counter log;
   Tvx_reproj_xy_exec e;
   EXPECT_TRUE(e.init(kWgs84, kPulkovo));
-  EXPECT_GT(log.count, 0);
+  EXPECT_GT(log.count(), 0u);
 }
 
 TEST(ReprojXyExec, TextThatProjRefusesFails) {
@@ -101,6 +94,71 @@ TEST(ReprojXyExec, TextThatProjRefusesFails) {
   double x = 1, y = 2;
   EXPECT_FALSE(e.apply(&x, &y));
   EXPECT_TRUE(e.init(kWgs84, kPulkovo));
+}
+
+// ---- why a transformation cannot be built
+
+bool has(const std::string& text, const std::string& part) {
+  return text.find(part) != std::string::npos;
+}
+
+TEST(ReprojXyExec, ErrorNamesTheRefusedTextAndProjsReason) {
+  Tvx_reproj_xy_exec e;
+  EXPECT_FALSE(e.init("+proj=no_such_projection +ellps=WGS84", kWgs84));
+  EXPECT_TRUE(
+      has(e.get_error(), "PROJ refused the source system \"+proj=no_such_projection +ellps=WGS84\": "))
+      << e.get_error();
+  EXPECT_TRUE(has(e.get_error(), "Unknown projection")) << e.get_error();
+  EXPECT_FALSE(e.init(kWgs84, "+proj=utm +zone=99 +ellps=WGS84"));
+  EXPECT_TRUE(has(e.get_error(), "PROJ refused the destination system \"+proj=utm +zone=99 +ellps=WGS84\": "))
+      << e.get_error();
+  EXPECT_TRUE(has(e.get_error(), "zone")) << e.get_error();
+  EXPECT_TRUE(e.init(kWgs84, kPulkovo));
+  EXPECT_EQ(e.get_error(), "");
+}
+
+TEST(ReprojXyExec, ErrorOfATextWithoutParametersSaysItIsNoProjString) {
+  Tvx_reproj_xy_exec e;
+  EXPECT_FALSE(e.init(kWgs84, "/home/user/maps/zone7.prj"));
+  EXPECT_TRUE(has(e.get_error(),
+                  "the destination system \"/home/user/maps/zone7.prj\" has no parameter of a PROJ "
+                  "string"))
+      << e.get_error();
+  EXPECT_FALSE(e.init("", kWgs84));
+  EXPECT_EQ(e.get_error(), "the source system is empty");
+}
+
+// A text of 100 KB with control bytes is quoted cut short and clean, so a message stays one sane line.
+TEST(ReprojXyExec, ErrorQuotesAHostileTextCutAndClean) {
+  std::string hostile = "+proj=foo";
+  while (hostile.size() < 100000) hostile += " +x=\x01\x1b[2J\n";
+  Tvx_reproj_xy_exec e;
+  EXPECT_FALSE(e.init(kWgs84, hostile.c_str()));
+  const std::string& error = e.get_error();
+  EXPECT_LT(error.size(), 1000u);
+  for (char c : error) EXPECT_GE(static_cast<unsigned char>(c), 0x20u) << error;
+  EXPECT_TRUE(has(error, "PROJ refused the destination system \"+proj=foo +x=??[2J? +x=")) << error;
+  EXPECT_TRUE(has(error, "bytes)")) << error;
+}
+
+// PROJ prints nothing of its own accord: neither when it refuses a text nor for a point it cannot
+// transform. What it says is kept for the library to pass on.
+TEST(ReprojXyExec, ProjPrintsNothingOnStandardError) {
+  vx::proj_log::take();
+  testing::internal::CaptureStderr();
+  Tvx_reproj_xy_exec e;
+  EXPECT_FALSE(e.init("+proj=no_such_projection", kWgs84));
+  ASSERT_TRUE(e.init(kKrassGeo, kKrassGk7));
+  for (int i = 0; i < 5; ++i) {
+    double x = 37, y = 95 + i;
+    EXPECT_FALSE(e.apply(&x, &y));
+  }
+  const std::string printed = testing::internal::GetCapturedStderr();
+  EXPECT_EQ(printed, "");
+  const std::vector<vx::proj_log::report> reports = vx::proj_log::take();
+  ASSERT_FALSE(reports.empty());
+  EXPECT_EQ(reports.back().count, 5u);
+  EXPECT_TRUE(has(reports.back().text, "Invalid latitude")) << reports.back().text;
 }
 
 TEST(ReprojXyExec, VerifyGivesTheTextForProj) {

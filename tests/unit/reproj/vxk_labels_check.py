@@ -5,6 +5,8 @@ the numbers are checked against the library itself."""
 import json
 import math
 import os
+import resource
+import shutil
 import struct
 import subprocess
 import sys
@@ -54,8 +56,17 @@ def tld(labels):
     return b"VXTL" + struct.pack("<II", 1, len(labels)) + b"".join(record(**l) for l in labels)
 
 
-def vxk(*args):
-    return subprocess.run([VXK, "labels", *args], capture_output=True, text=True)
+def vxk(*args, limit_file_size=None, cwd=None):
+    def limits():
+        if limit_file_size is not None:
+            resource.setrlimit(resource.RLIMIT_FSIZE, (limit_file_size, limit_file_size))
+    return subprocess.run([os.path.abspath(VXK), "labels", *args], capture_output=True, text=True,
+                          preexec_fn=limits, cwd=cwd)
+
+
+def file_bytes(path):
+    with open(path, "rb") as f:
+        return f.read()
 
 
 def cs2cs(points):
@@ -111,12 +122,32 @@ def main():
             check(got[field] == before[i][field], f"label {i}: {field} carried unchanged")
     check(near(after[0]["callout"][0], cs2cs([(37.65, 55.8)])[0], 1e-3), "callout end point agrees with cs2cs")
 
-    # In place: the same file as source and destination.
+    # The same file as source and destination is refused, however it is spelled: a failed write once
+    # left the source cut short.
     inplace = os.path.join(TMP, "inplace.tld")
     with open(inplace, "wb") as f:
         f.write(tld(LABELS))
-    r = vxk(inplace, inplace, "--from", SRC, "--to", DST)
-    check(r.returncode == 0 and open(inplace, "rb").read() == open(dst, "rb").read(), "in place gives the same file")
+    link = os.path.join(TMP, "inplace_link.tld")
+    if os.path.lexists(link):
+        os.remove(link)
+    os.symlink(inplace, link)
+    hard = os.path.join(TMP, "inplace_hard.tld")
+    if os.path.lexists(hard):
+        os.remove(hard)
+    os.link(inplace, hard)
+    for same, cwd in ((inplace, None), (os.path.join(TMP, ".", "inplace.tld"), None), ("./inplace.tld", TMP),
+                      (link, None), (hard, None)):
+        r = vxk(inplace, same, "--from", SRC, "--to", DST, cwd=cwd)
+        check(r.returncode == 2 and "is the source" in r.stderr and "give another destination" in r.stderr
+              and r.stdout == "" and file_bytes(inplace) == tld(LABELS),
+              f"the source as destination ({same}) is refused and left as it was: {r.stderr.strip()}")
+
+    # A write that fails leaves the earlier destination as it was, and says why.
+    earlier = file_bytes(dst)
+    r = vxk(src, dst, "--from", SRC, "--to", "+proj=merc +lon_0=10 +datum=WGS84", limit_file_size=64)
+    check(r.returncode == 1 and "File too large" in r.stderr and file_bytes(dst) == earlier
+          and not [n for n in os.listdir(TMP) if n.startswith(".")],
+          f"a write past a file size limit exits 1 and keeps the earlier file: {r.stderr.strip()}")
 
     # Failures, each with a message and nothing written.
     bad = os.path.join(TMP, "bad.tld")
@@ -130,8 +161,14 @@ def main():
         f.write(tld(LABELS)[:-7])
     r = vxk("--dump", truncated)
     check(r.returncode == 1 and "truncated" in r.stderr, f"a truncated file is refused: {r.stderr.strip()}")
-    r = vxk(src, os.path.join(TMP, "no", "such", "folder.tld"), "--from", SRC, "--to", DST)
-    check(r.returncode == 1 and "cannot create" in r.stderr, "a missing destination folder exits 1")
+    shutil.rmtree(os.path.join(TMP, "new"), ignore_errors=True)
+    r = vxk(src, os.path.join(TMP, "new", "folder.tld"), "--from", SRC, "--to", DST)
+    check(r.returncode == 0 and os.path.exists(os.path.join(TMP, "new", "folder.tld")),
+          "a missing destination folder is created")
+    shutil.rmtree(os.path.join(TMP, "new"), ignore_errors=True)
+    r = vxk(src, os.path.join(TMP, "new", "folder.tld"), "--from", SRC, "--to", DST, limit_file_size=64)
+    check(r.returncode == 1 and not os.path.exists(os.path.join(TMP, "new")),
+          "a failed run removes the folder it created")
     r = vxk(src, dst, "--from", SRC)
     check(r.returncode == 2 and "--to" in r.stderr and r.stderr.endswith("(see 'vxk labels --help')\n"),
           "a missing --to is a usage error, told in one line")

@@ -1,5 +1,6 @@
 // TLD files on disk, through the flat functions.
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <filesystem>
 #include <fstream>
@@ -7,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "fault_injection.h"
 #include "test_paths.h"
 #include "text_list_samples.h"
 #include "vxk_proj4_shp.h"
@@ -150,6 +152,57 @@ TEST(TldFile, SourceAndDestinationMayBeOneFile) {
 
 TEST(TldFile, CloseAcceptsNull) {
   vx_tld_file_close(nullptr);
+}
+
+// A write that fails leaves the earlier file as it was (it was once cut short, also when it was the
+// file the list had been read from), and no file of its own behind.
+TEST(TldFile, FailedWriteLeavesTheEarlierFileAsItWas) {
+  const fs::path dir = vxk_test::scratch_dir("tld_file_failed_write");
+  Tvx_text_list_base* small = vx_text_list_create();
+  Tvx_text_list_base* list = vxk_test::make_full_list();
+  ASSERT_TRUE(write_list(dir / "labels.tld", small));
+  const auto before = vxk_test::snapshot(dir);
+  Tvx_tld_file* f = vx_tld_file_open_w(wide(dir / "labels.tld").c_str());
+  ASSERT_NE(f, nullptr);
+  {
+    vxk_test::file_size_limit limit(16);
+    EXPECT_FALSE(vx_tld_file_write_all(f, list, 0));
+  }
+  const std::wstring error = vx_tld_file_get_error(f);
+  EXPECT_NE(error.find(L"File too large"), std::wstring::npos) << error.size();
+  EXPECT_NE(error.find(wide(dir / "labels.tld")), std::wstring::npos);
+  vx_tld_file_close(f);
+  EXPECT_EQ(vxk_test::snapshot(dir), before);
+  vx_text_list_destroy(list);
+  vx_text_list_destroy(small);
+}
+
+TEST(TldFile, ReplacedFileKeepsItsModes) {
+  const fs::path dir = vxk_test::scratch_dir("tld_file_modes");
+  Tvx_text_list_base* list = vxk_test::make_full_list();
+  ASSERT_TRUE(write_list(dir / "labels.tld", list));
+  fs::permissions(dir / "labels.tld", fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_read);
+  ASSERT_TRUE(write_list(dir / "labels.tld", list));
+  EXPECT_EQ(fs::status(dir / "labels.tld").permissions() & fs::perms::all,
+            fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_read);
+  vx_text_list_destroy(list);
+}
+
+// A destination that is a link is written where the link points; the link stays a link.
+TEST(TldFile, LinkIsWrittenThrough) {
+  const fs::path dir = vxk_test::scratch_dir("tld_file_link");
+  Tvx_text_list_base* empty = vx_text_list_create();
+  Tvx_text_list_base* list = vxk_test::make_full_list();
+  fs::create_directories(dir / "real");
+  ASSERT_TRUE(write_list(dir / "real" / "labels.tld", empty));
+  fs::create_symlink(dir / "real" / "labels.tld", dir / "link.tld");
+  ASSERT_TRUE(write_list(dir / "link.tld", list));
+  EXPECT_TRUE(fs::is_symlink(dir / "link.tld"));
+  EXPECT_EQ(file_bytes(dir / "link.tld"), file_bytes(dir / "real" / "labels.tld"));
+  EXPECT_GT(fs::file_size(dir / "real" / "labels.tld"), 12u);
+  EXPECT_EQ(std::distance(fs::directory_iterator(dir / "real"), fs::directory_iterator()), 1);
+  vx_text_list_destroy(list);
+  vx_text_list_destroy(empty);
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cerrno>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
@@ -180,6 +181,65 @@ TEST(PathSystem, TempFilenameMakesAFreshFile) {
   EXPECT_EQ(fs::filename(a).substr(0, 3), L"vxk");
   EXPECT_EQ(fs::extension(a), L".tmp");
   EXPECT_EQ(fs::temp_filename(wide(root) + L"\\none", L"x"), L"");
+}
+
+// Identity, not spelling: another spelling, a link and a hard link all name the same file.
+TEST(PathSystem, SameFileByIdentity) {
+  const stdfs::path d = support_test::scratch("same_file");
+  write(d / "a.shp", "shape");
+  write(d / "b.shp", "shape");
+  stdfs::create_symlink(d / "a.shp", d / "link.shp");
+  stdfs::create_hard_link(d / "a.shp", d / "hard.shp");
+  EXPECT_TRUE(fs::is_same_file(wide(d / "a.shp"), wide(d / "." / "a.shp")));
+  EXPECT_TRUE(fs::is_same_file(wide(d / "a.shp"), wide(d / "link.shp")));
+  EXPECT_TRUE(fs::is_same_file(wide(d / "hard.shp"), wide(d / "a.shp")));
+  EXPECT_FALSE(fs::is_same_file(wide(d / "a.shp"), wide(d / "b.shp")));
+  EXPECT_FALSE(fs::is_same_file(wide(d / "a.shp"), wide(d / "missing.shp")));
+  EXPECT_FALSE(fs::is_same_file(wide(d / "missing.shp"), wide(d / "missing.shp")));
+}
+
+TEST(PathSystem, CopyFileTellsWhyItRefused) {
+  const stdfs::path d = support_test::scratch("copy_refused");
+  write(d / "a.dbf", "table");
+  stdfs::create_directory(d / "folder.dbf");
+  errno = 0;
+  EXPECT_FALSE(fs::copy_file(wide(d / "folder.dbf"), wide(d / "b.dbf"), true));
+  EXPECT_EQ(errno, EISDIR);
+  EXPECT_FALSE(fs::copy_file(wide(d / "a.dbf"), wide(d / "." / "a.dbf"), true));
+  EXPECT_EQ(errno, EINVAL);
+  EXPECT_EQ(read(d / "a.dbf"), "table");
+  EXPECT_FALSE(fs::copy_file(wide(d / "a.dbf"), wide(d / "folder.dbf"), true));
+  EXPECT_EQ(errno, EISDIR);
+  write(d / "c.dbf", "old");
+  EXPECT_FALSE(fs::copy_file(wide(d / "a.dbf"), wide(d / "c.dbf"), false));
+  EXPECT_EQ(errno, EEXIST);
+  EXPECT_FALSE(fs::copy_file(wide(d / "none.dbf"), wide(d / "c.dbf"), true));
+  EXPECT_EQ(errno, ENOENT);
+}
+
+TEST(PathSystem, RealPathResolvesLinks) {
+  const stdfs::path d = stdfs::canonical(support_test::scratch("real_path"));
+  write(d / "a.tld", "x");
+  stdfs::create_symlink(d / "a.tld", d / "link.tld");
+  EXPECT_EQ(fs::real_path(wide(d / "link.tld")), wide(d / "a.tld"));
+  EXPECT_EQ(fs::real_path(L"/no/such/file"), L"/no/such/file");
+}
+
+TEST(PathSystem, CreateBesideMakesAFreshFileInTheSameFolder) {
+  const stdfs::path d = support_test::scratch("create_beside");
+  write(d / "a.tld", "old");
+  std::wstring first, second;
+  const int fd1 = fs::create_beside(wide(d / "a.tld"), first);
+  const int fd2 = fs::create_beside(wide(d / "a.tld"), second);
+  ASSERT_GE(fd1, 0);
+  ASSERT_GE(fd2, 0);
+  ::close(fd1);
+  ::close(fd2);
+  EXPECT_NE(first, second);
+  EXPECT_EQ(stdfs::path(first).parent_path(), d);
+  EXPECT_EQ(read(d / "a.tld"), "old");
+  std::wstring none;
+  EXPECT_LT(fs::create_beside(L"/proc/no_such_folder/a.tld", none), 0);
 }
 
 }  // namespace
