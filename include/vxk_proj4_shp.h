@@ -210,6 +210,27 @@ VX_API void vx_stdlist_to_string(const Tvx_stdlist_string* sheet, Ivx_string_adp
  * left, right, upper, lower, and returns true. At any other scale it feeds nothing and returns false.
  * (An addition of this build for hosts and tools; the sheet generator uses the same rules.) */
 VX_API bool vx_stdlist_fetch_neighbours(const Tvx_stdlist_string* sheet, Ivx_string_adp* sink);
+/* The box of a valid sheet in degrees of its geographic system (Pulkovo 1942), longitudes xmin to xmax
+ * and latitudes ymin to ymax, by the rules with which the sheet generator lays sheets out: bands of 4
+ * degrees from the equator, columns of 6 degrees from 180 degrees west, and each finer level cut from
+ * its parent sheet into its grid (1:500,000, 1:50,000, 1:25,000 and 1:10,000 two by two; 1:200,000 six
+ * by six; 1:100,000 twelve by twelve). The rows of every level count from the parent's north edge in
+ * the north and from its south edge in the south, so that a southern sheet is the mirror image of the
+ * northern sheet of the same designation. A joined sheet spans its sheets eastwards; across the date
+ * line its east edge lies beyond 180 degrees. At 1:1,000,000 and 1:200,000 the four values are exactly
+ * the generator's. False, with four zeros, for a record that is not valid. (An addition of this build
+ * for hosts and tools.) */
+VX_API bool vx_stdlist_get_box(const Tvx_stdlist_string* sheet, double* xmin, double* xmax, double* ymin,
+                               double* ymax);
+/* Makes the record the single sheet at `scale` (1:1,000,000 to 1:10,000) in `hemisphere` whose box, as
+ * vx_stdlist_get_box gives it, holds the point (degrees; any longitude, taken modulo 360). A point on an
+ * edge between sheets belongs to the sheet east of it and to the one farther from the equator, and a
+ * point on the equator to the hemisphere asked for; the edge at 88 degrees belongs to the last band,
+ * "V". False, with the record unchanged, for a scale outside the series, a point that is not finite, or
+ * a latitude outside the hemisphere's bands (0 to 88 north, -88 to 0 south: the polar caps beyond have
+ * no sheets). (An addition of this build for hosts and tools.) */
+VX_API bool vx_stdlist_init_at(Tvx_stdlist_string* sheet, Tvx_stdlist_scale scale,
+                               Tvx_stdlist_hemisphere hemisphere, double lon, double lat);
 
 /* Million sheet: band letter "A" to "V" (index 1 to 22) and column number 1 to 60. */
 VX_API uint64_t vx_stdlist_get_mln_letter_idx(const Tvx_stdlist_string* sheet);

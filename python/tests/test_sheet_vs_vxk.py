@@ -28,9 +28,12 @@ CASES = [
 ]
 
 BAD = [
-    "X-1", "Z-1", "N-61", "N-0", "N", "", "N-37-XL", "N-37-145", "N-37-0", "N-37-12-Д", "N-37-12-Б-Г",
-    "N-37-12-Б-в-5", "N-37-12-Б-в-4-1", "N-37-А-1", "N-37-VI-1", "n-37", "N-037x", "N-37-A",
+    "X-1", "Z-1", "N-61", "N-0", "N", "", "N-37-XL", "N-37-145", "N-37-0", "N-37-12-Д",
+    "N-37-12-Б-в-5", "N-37-12-Б-в-4-1", "N-37-А-1", "N-37-VI-1", "N-037x",
 ]
+# vxk reads designations forgivingly (case, blanks, Latin and Cyrillic look-alikes) and prints the one it
+# read; the package takes the designation exactly as the library writes it.
+FORGIVEN = [("n-37", "N-37"), ("N-37-A", "N-37-А"), (" N - 37 - VI ", "N-37-VI"), ("N-37-12-Б-Г", "N-37-12-Б-г")]
 
 
 def fields(output: str) -> Dict[str, str]:
@@ -78,6 +81,16 @@ def test_both_refuse_the_same_texts(vxk_program, designation):
     assert result.returncode == 1, result.stdout
     with pytest.raises(vxk.DesignationError):
         vxk.Sheet.parse(designation)
+
+
+@pytest.mark.parametrize("text,designation", FORGIVEN)
+def test_vxk_forgives_what_the_package_takes_exactly(vxk_program, text, designation):
+    result = run([vxk_program, "sheet", text])
+    assert result.returncode == 0, result.stderr
+    assert fields(result.stdout)["designation"] == designation
+    assert vxk.Sheet.parse(designation).designation == designation
+    with pytest.raises(vxk.DesignationError):
+        vxk.Sheet.parse(text)
 
 
 def at_200(designation: str) -> bool:

@@ -17,6 +17,24 @@ struct command {
 
 std::vector<command>& commands();
 
+// What went wrong in a command's work (a designation that names no sheet, a file that cannot be
+// written): the reason is printed, and vxk exits with 1.
+struct failure {
+  std::string message;
+};
+
+// The command line itself is wrong (an unknown option, a missing value, too many arguments): one line
+// with the mistake and a pointer to the command's help, and vxk exits with 2.
+struct usage_error {
+  std::string message;
+};
+
+void fail_if(bool bad, const std::string& message);
+
+// Exit statuses, as every command's help documents them.
+constexpr int EXIT_FAILED = 1;
+constexpr int EXIT_USAGE = 2;
+
 struct command_registration {
   command_registration(const char* name, const char* summary, command_fn run) {
     commands().push_back({name, summary, run});

@@ -1,7 +1,8 @@
-// Reading designations: exactly as `vxk sheet` takes them, or forgivingly as `vxk generate` takes one
-// copied from the printed form.
+// Reading designations forgivingly, as every command takes them, printing them back whole, and where
+// sheets lie, through the library's boxes.
 #include "designation.h"
 
+#include <cmath>
 #include <cwchar>
 #include <string>
 #include <vector>
@@ -9,10 +10,6 @@
 #include "utf8.h"
 
 namespace vxk {
-
-void fail_if(bool bad, const std::string& message) {
-  if (bad) throw failure{message};
-}
 
 std::string u8(const std::wstring& text) {
   return wide_to_utf8(text);
@@ -31,6 +28,7 @@ namespace {
 using vxk::fail_if;
 using vxk::failure;
 using vxk::u8;
+using vxk::usage_error;
 
 std::vector<std::wstring> split(const std::wstring& text, wchar_t separator) {
   std::vector<std::wstring> fields(1);
@@ -193,10 +191,34 @@ std::wstring tidy_sheet(const std::wstring& text) {
   return out;
 }
 
-std::wstring trimmed(const std::wstring& text) {
-  const auto first = text.find_first_not_of(L" \t\r\n");
-  if (first == std::wstring::npos) return {};
-  return text.substr(first, text.find_last_not_of(L" \t\r\n") - first + 1);
+bool is_blank(wchar_t c) {
+  return c == L' ' || c == L'\t' || c == L'\r' || c == L'\n' || c == 0xA0 || c == 0x2009 || c == 0x202F;
+}
+
+// Hyphens, dashes and the minus sign all separate levels.
+bool is_dash(wchar_t c) {
+  return c == L'-' || (c >= 0x2010 && c <= 0x2015) || c == 0x2212;
+}
+
+bool is_separator(wchar_t c) {
+  return c == L'-' || c == L',';
+}
+
+// Blanks around the text and around its separators go; a blank between two parts stands for "-".
+std::wstring without_blanks(const std::wstring& text) {
+  std::wstring out;
+  bool gap = false;
+  for (wchar_t c : text) {
+    if (is_blank(c)) {
+      gap = true;
+      continue;
+    }
+    if (is_dash(c)) c = L'-';
+    if (gap && !out.empty() && !is_separator(c) && !is_separator(out.back())) out += L'-';
+    gap = false;
+    out += c;
+  }
+  return out;
 }
 
 // The text with every letter a capital and every look-alike Latin: two designations that read the same
@@ -210,10 +232,7 @@ const char* type_name(Tvx_stdlist_type type) {
   return type >= 1 && type <= 4 ? names[type] : "joined";
 }
 
-}  // namespace
-
-namespace vxk {
-
+// The levels of one sheet, as written, into the record; gives the scale they name.
 Tvx_stdlist_scale parse_designation(const std::wstring& text, Tvx_stdlist_string* sheet) {
   const std::vector<std::wstring> f = split(text, L'-');
   fail_if(f.size() < 2, "'" + u8(text) +
@@ -226,6 +245,7 @@ Tvx_stdlist_scale parse_designation(const std::wstring& text, Tvx_stdlist_string
   return f.size() == 2 ? VX_STDLIST_SC_MLN : parse_below_million(f, sheet);
 }
 
+// Puts the parsed sheet at its scale, type and hemisphere.
 void place_sheet(Tvx_stdlist_string* sheet, Tvx_stdlist_scale scale, Tvx_stdlist_type type, bool south) {
   const Tvx_stdlist_hemisphere hemisphere = south ? VX_STDLIST_SOUTH : VX_STDLIST_NORTH;
   vx_stdlist_init(sheet, scale, VX_STDLIST_TP_SGL, hemisphere);
@@ -236,16 +256,107 @@ void place_sheet(Tvx_stdlist_string* sheet, Tvx_stdlist_scale scale, Tvx_stdlist
   fail_if(!vx_stdlist_valid(sheet), "the sheet is not valid");
 }
 
-void read_printed_designation(const std::string& utf8, bool south, Tvx_stdlist_string* sheet) {
-  const std::wstring text = trimmed(utf8_to_wide(utf8));
+// The number of sheets a text joins, checked against the type asked for.
+Tvx_stdlist_type joined_count(const std::string& utf8, size_t sheets, Tvx_stdlist_type type) {
+  fail_if(sheets > 4, "'" + utf8 + "' joins more than four sheets");
+  if (sheets > 1 && type != 0 && static_cast<size_t>(type) != sheets)
+    throw usage_error{"'" + utf8 + "' joins " + std::to_string(sheets) + " sheets, not the " +
+                      std::to_string(type) + " of --type"};
+  return type != 0 ? type : static_cast<Tvx_stdlist_type>(sheets);
+}
+
+}  // namespace
+
+namespace vxk {
+
+std::wstring full_designation_of(const Tvx_stdlist_string* sheet) {
+  const std::wstring text = designation_of(sheet);
+  if (vx_stdlist_get_scale(sheet) != VX_STDLIST_SC_10) return text;
+  return std::wstring(1, static_cast<wchar_t>(vx_stdlist_get_mln_letter(sheet))) + L"-" +
+         std::to_wstring(vx_stdlist_get_mln_number(sheet)) + text;
+}
+
+void read_printed_designation(const std::string& utf8, bool south, Tvx_stdlist_string* sheet,
+                              Tvx_stdlist_type type) {
+  const std::wstring text = without_blanks(utf8_to_wide(utf8));
+  fail_if(!text.empty() && text[0] == L'-',
+          "'" + utf8 +
+              "' is how the library writes a 1:10,000 sheet, without its band and column: write them in "
+              "front, as in N-37" +
+              u8(text));
   const std::vector<std::wstring> sheets = split(text, L',');
-  fail_if(sheets.size() > 4, "'" + utf8 + "' joins more than four sheets");
-  const auto type = static_cast<Tvx_stdlist_type>(sheets.size());
-  place_sheet(sheet, parse_designation(tidy_sheet(sheets[0]), sheet), type, south);
+  const Tvx_stdlist_type joined = joined_count(utf8, sheets.size(), type);
+  place_sheet(sheet, parse_designation(tidy_sheet(sheets[0]), sheet), joined, south);
+  if (sheets.size() == 1) return;
+  fail_if(vx_stdlist_get_scale(sheet) == VX_STDLIST_SC_10,
+          "the library does not name joined sheets at 1:10,000: give the first sheet and --type " +
+              std::to_string(joined));
   const std::wstring printed = designation_of(sheet);
   fail_if(folded(printed) != folded(text), "'" + utf8 + "' is not a sheet the library knows: the " +
-                                               type_name(type) + " sheet from " + u8(tidy_sheet(sheets[0])) +
-                                               " reads " + u8(printed));
+                                               type_name(joined) + " sheet from " +
+                                               u8(tidy_sheet(sheets[0])) + " reads " + u8(printed));
+}
+
+// ---- where sheets lie ------------------------------------------------------------------------------
+
+namespace {
+
+// Every edge of the series lies on a whole number of 75 seconds (1/48 degree: the 1:10,000 sheets are
+// 3'45" wide and 2'30" high). The library's edges carry the rounding of how they are computed
+// (3.3e-16 for the equator); the nearest such multiple, where it is that near, is the edge itself.
+double edge(double degrees) {
+  const double multiple = std::round(degrees * 48.0) / 48.0 + 0.0;  // + 0.0: no "-0"
+  return std::fabs(multiple - degrees) < 1e-9 ? multiple : degrees;
+}
+
+}  // namespace
+
+sheet_box box_of(const Tvx_stdlist_string* sheet) {
+  sheet_box b{};
+  fail_if(!vx_stdlist_get_box(sheet, &b.west, &b.east, &b.south, &b.north), "the sheet is not valid");
+  return {edge(b.west), edge(b.east), edge(b.south), edge(b.north)};
+}
+
+std::vector<sheet_record> children_of(const Tvx_stdlist_string* sheet, Tvx_stdlist_scale scale) {
+  const Tvx_stdlist_hemisphere hemisphere = vx_stdlist_get_hemisphere(sheet);
+  fail_if(scale <= vx_stdlist_get_scale(sheet),
+          "the sheets listed must be of a finer scale than " + u8(vx_stdlist_scale_tostr(sheet)));
+  const sheet_box p = box_of(sheet);
+  sheet_record probe;
+  fail_if(!vx_stdlist_init_at(probe.get(), scale, hemisphere, (p.west + p.east) / 2, (p.south + p.north) / 2),
+          "no sheet of that scale lies in the sheet");
+  const sheet_box c = box_of(probe.get());
+  const double width = c.east - c.west, height = c.north - c.south;
+  const long columns = std::lround((p.east - p.west) / width),
+             rows = std::lround((p.north - p.south) / height);
+  std::vector<sheet_record> out;
+  for (long r = 0; r < rows; ++r) {
+    const double y =
+        hemisphere == VX_STDLIST_NORTH ? p.north - (r + 0.5) * height : p.south + (r + 0.5) * height;
+    for (long k = 0; k < columns; ++k) {
+      out.emplace_back();
+      fail_if(!vx_stdlist_init_at(out.back().get(), scale, hemisphere, p.west + (k + 0.5) * width, y),
+              "a sheet inside could not be found");
+    }
+  }
+  return out;
+}
+
+Tvx_stdlist_scale scale_of(const std::string& text) {
+  std::string digits;
+  for (char c : text.rfind("1:", 0) == 0 ? text.substr(2) : text) {
+    if (c != ' ' && c != ',' && c != '_' && c != '\'') digits += c;
+  }
+  static const std::pair<const char*, Tvx_stdlist_scale> scales[] = {
+      {"1000000", VX_STDLIST_SC_MLN}, {"500000", VX_STDLIST_SC_500}, {"200000", VX_STDLIST_SC_200},
+      {"100000", VX_STDLIST_SC_100},  {"50000", VX_STDLIST_SC_50},   {"25000", VX_STDLIST_SC_25},
+      {"10000", VX_STDLIST_SC_10}};
+  for (const auto& [number, scale] : scales) {
+    if (digits == number) return scale;
+  }
+  throw usage_error{"'" + text +
+                    "' is not a scale of the series: 1:1000000, 1:500000, 1:200000, 1:100000, 1:50000, "
+                    "1:25000 or 1:10000"};
 }
 
 }  // namespace vxk

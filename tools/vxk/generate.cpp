@@ -431,7 +431,7 @@ int generate_command(const std::vector<std::string>& args) {
     }
     return o.batch ? vxk::generate_many(o.many) : run(o);
   } catch (const usage_error& e) {
-    std::fprintf(stderr, "vxk generate: %s\n\n%s", e.message.c_str(), kUsage);
+    std::fprintf(stderr, "vxk generate: %s (see 'vxk generate --help')\n", e.message.c_str());
     return 2;
   } catch (const failure& f) {
     std::fprintf(stderr, "vxk generate: %s\n", f.message.c_str());

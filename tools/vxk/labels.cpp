@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "command.h"
+#include "numbers.h"
 #include "report.h"
 #include "safe_output.h"
 #include "utf8.h"
@@ -48,8 +49,8 @@ const char* const kUsage =
     "  vxk labels --dump towns_gk7.tld\n";
 
 int usage_error(const char* what) {
-  std::fprintf(stderr, "vxk labels: %s\n\n%s", what, kUsage);
-  return 2;
+  std::fprintf(stderr, "vxk labels: %s (see 'vxk labels --help')\n", what);
+  return vxk::EXIT_USAGE;
 }
 
 // A list owned for the length of the command.
@@ -113,13 +114,7 @@ std::string json_string(const std::wstring& text) {
 
 // Shortest text that reads back as the same double; JSON has no infinities, so those become null.
 std::string json_number(double v) {
-  if (!std::isfinite(v)) return "null";
-  char buf[32];
-  for (int digits = 15; digits <= 17; ++digits) {
-    std::snprintf(buf, sizeof buf, "%.*g", digits, v);
-    if (std::strtod(buf, nullptr) == v) break;
-  }
-  return buf;
+  return std::isfinite(v) ? vxk::shortest(v) : "null";
 }
 
 std::string json_point(const Tvx_vtx_d2& p) {

@@ -204,6 +204,11 @@ DECLARATIONS: Dict[str, Dict[str, Signature]] = {
         "vx_stdlist_get_mid_meridian": (c_double, [SHEET]),
         "vx_stdlist_to_string": (None, [SHEET, SINK]),
         "vx_stdlist_fetch_neighbours": (c_bool, [SHEET, SINK]),
+        "vx_stdlist_get_box": (
+            c_bool,
+            [SHEET, POINTER(c_double), POINTER(c_double), POINTER(c_double), POINTER(c_double)],
+        ),
+        "vx_stdlist_init_at": (c_bool, [SHEET, Tvx_stdlist_scale, Tvx_stdlist_hemisphere, c_double, c_double]),
         "vx_stdlist_get_mln_letter_idx": (c_uint64, [SHEET]),
         "vx_stdlist_set_mln_letter_idx": (c_bool, [SHEET, c_uint64]),
         "vx_stdlist_get_mln_letter": (c_int, [SHEET]),

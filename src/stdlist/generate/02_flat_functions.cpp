@@ -5,6 +5,7 @@
 
 #include "stdlist/generate/01_checks.h"
 #include "stdlist/generate/10_generator.h"
+#include "stdlist/generate/22_sheet_box.h"
 #include "support/env.h"
 #include "support/rc.h"
 
@@ -99,6 +100,24 @@ VX_API void vx_stdlist_custom_params_set_scene_proj(Tvx_stdlist_custom_params* p
 VX_API bool vx_stdlist_custom_generate_shapes(Tvx_stdlist_custom_params* params) {
   if (!params || !vx::stdlist::admit(params->params)) return false;
   return run<custom_generate>(params->params);
+}
+
+// Where a sheet lies, by the rules with which the generator lays it out, and the sheet that holds a
+// point: for hosts that put sheets on a map or find them from one.
+VX_API bool vx_stdlist_get_box(const Tvx_stdlist_string* sheet, double* xmin, double* xmax, double* ymin,
+                               double* ymax) {
+  vx::stdlist::sheet_box::box b;
+  const bool valid = vx::stdlist::sheet_box::of(sheet->sheet, b);
+  *xmin = b.xmin;
+  *xmax = b.xmax;
+  *ymin = b.ymin;
+  *ymax = b.ymax;
+  return valid;
+}
+
+VX_API bool vx_stdlist_init_at(Tvx_stdlist_string* sheet, Tvx_stdlist_scale scale,
+                               Tvx_stdlist_hemisphere hemisphere, double lon, double lat) {
+  return vx::stdlist::sheet_box::find(scale, hemisphere, lon, lat, sheet->sheet);
 }
 
 }  // extern "C"

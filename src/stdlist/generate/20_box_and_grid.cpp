@@ -8,6 +8,7 @@
 #include <limits>
 
 #include "stdlist/generate/10_generator.h"
+#include "stdlist/generate/22_sheet_box.h"
 
 namespace vx::stdlist {
 
@@ -211,41 +212,18 @@ bool stdlist_generate::init_box() {
   return true;
 }
 
-namespace {
-
-// +1 in the north, -1 in the south.
-double hemisphere_sign(Tvx_stdlist_hemisphere hemisphere) {
-  return hemisphere == VX_STDLIST_NORTH ? 1.0 : -1.0;
-}
-
-constexpr double TWO_THIRDS = 0.6666666666666666;
-
-}  // namespace
-
-// At 1:200,000 the column of the sheet inside its million sheet, 1 to 6 from the west.
+// The edges are the ones the library gives hosts for a sheet (sheet_box), so that a box asked for is
+// the box drawn.
 double stdlist_generate::get_list_xmin() {
-  const Tvx_stdlist_scale scale = sprm.get_scale();
-  if (scale == VX_STDLIST_SC_MLN) return mid_meridian - 6.0 * 0.5 * sprm.get_type();
-  if (scale != VX_STDLIST_SC_200) return 0.0;
-  const auto k = static_cast<std::int64_t>(sprm.get_200_roman_idx());
-  const std::int64_t c = k % 6 == 0 ? 6 : k % 6;
-  return mid_meridian - 3.0 + static_cast<double>(c) - 1.0;
+  return sheet_box::list_xmin(*sprm.sheet(), mid_meridian);
 }
 
 double stdlist_generate::get_list_xmax() {
   return xmin + traits::width(sprm.get_scale(), sprm.get_type());
 }
 
-// Rows of 1:200,000 sheets count from the north edge of the million sheet in the north, and from its
-// south edge in the south: the row order is mirrored at the equator.
 double stdlist_generate::get_list_ymin() {
-  const Tvx_stdlist_scale scale = sprm.get_scale();
-  const double s = hemisphere_sign(sprm.get_hemisphere());
-  const double letter = static_cast<double>(sprm.get_mln_letter());
-  if (scale == VX_STDLIST_SC_MLN) return (letter - 1.0) * s * 4.0 + (s - 1.0) * 4.0 * 0.5;
-  if (scale != VX_STDLIST_SC_200) return 0.0;
-  const double row = static_cast<double>((static_cast<std::int64_t>(sprm.get_200_roman_idx()) - 1) / 6);
-  return s * (4.0 * (letter - 1.0) + 4.0 - row * TWO_THIRDS + (s + 1.0) * TWO_THIRDS * -0.5);
+  return sheet_box::list_ymin(*sprm.sheet());
 }
 
 double stdlist_generate::get_list_ymax() {

@@ -176,4 +176,45 @@ TEST(FlatGenerate, AnInvalidDesignationIsDrawnWhereItsNumbersPutIt) {
   EXPECT_TRUE(vx_stdlist_generate_shapes(call.params));
 }
 
+// ---- where a sheet lies ---------------------------------------------------------------------------
+
+TEST(FlatSheetBox, GivesTheBoxOfAValidSheetAndZerosOtherwise) {
+  Tvx_stdlist_string* sheet = vx_stdlist_create();
+  vx_stdlist_set_mln_letter(sheet, L'N');
+  vx_stdlist_set_mln_number(sheet, 37);
+  vx_stdlist_set_200_roman_idx(sheet, 6);
+  vx_stdlist_init(sheet, VX_STDLIST_SC_200, VX_STDLIST_TP_DBL, VX_STDLIST_NORTH);
+  double xmin = 1, xmax = 1, ymin = 1, ymax = 1;
+  EXPECT_TRUE(vx_stdlist_get_box(sheet, &xmin, &xmax, &ymin, &ymax));
+  EXPECT_EQ(xmin, 41.0);
+  EXPECT_EQ(xmax, 43.0);
+  EXPECT_NEAR(ymin, 55.0 + 1.0 / 3, 1e-12);
+  EXPECT_EQ(ymax, 56.0);
+  vx_stdlist_set_200_roman_idx(sheet, 0);
+  EXPECT_FALSE(vx_stdlist_get_box(sheet, &xmin, &xmax, &ymin, &ymax));
+  EXPECT_EQ(xmin + xmax + ymin + ymax, 0.0);
+  vx_stdlist_destroy(sheet);
+}
+
+TEST(FlatSheetBox, FindsTheSheetOfAPointAndLeavesTheRecordOnRefusal) {
+  Tvx_stdlist_string* sheet = vx_stdlist_create();
+  ASSERT_TRUE(vx_stdlist_init_at(sheet, VX_STDLIST_SC_10, VX_STDLIST_NORTH, 37.6173, 55.7558));
+  EXPECT_EQ(vx_stdlist_get_scale(sheet), VX_STDLIST_SC_10);
+  EXPECT_EQ(vx_stdlist_get_type(sheet), VX_STDLIST_TP_SGL);
+  EXPECT_EQ(vx_stdlist_get_mln_letter(sheet), L'N');
+  EXPECT_EQ(vx_stdlist_get_mln_number(sheet), 37u);
+  EXPECT_EQ(vx_stdlist_get_100_number(sheet), 4u);  // N-37-4-В-а-4
+  EXPECT_EQ(vx_stdlist_get_50_letter(sheet), L'В');
+  EXPECT_EQ(vx_stdlist_get_25_letter(sheet), L'а');
+  EXPECT_EQ(vx_stdlist_get_10_number(sheet), 4u);
+  Tvx_stdlist_string* copy = vx_stdlist_create();
+  vx_stdlist_assign(copy, sheet);
+  EXPECT_FALSE(vx_stdlist_init_at(sheet, VX_STDLIST_SC_200, VX_STDLIST_SOUTH, 37.6, 55.7));
+  EXPECT_FALSE(vx_stdlist_init_at(sheet, VX_STDLIST_SC_300, VX_STDLIST_NORTH, 37.6, 55.7));
+  EXPECT_FALSE(vx_stdlist_init_at(sheet, VX_STDLIST_SC_200, VX_STDLIST_NORTH, 37.6, 89));
+  EXPECT_TRUE(vx_stdlist_equal(sheet, copy));
+  vx_stdlist_destroy(copy);
+  vx_stdlist_destroy(sheet);
+}
+
 }  // namespace

@@ -170,7 +170,8 @@ def main():
     check(r.returncode == 1 and not os.path.exists(os.path.join(TMP, "new")),
           "a failed run removes the folder it created")
     r = vxk(src, dst, "--from", SRC)
-    check(r.returncode == 2 and "usage:" in r.stderr, "a missing --to is a usage error")
+    check(r.returncode == 2 and "--to" in r.stderr and r.stderr.endswith("(see 'vxk labels --help')\n"),
+          "a missing --to is a usage error, told in one line")
     r = vxk()
     check(r.returncode == 2, "no arguments is a usage error")
     r = vxk("--help")

@@ -33,21 +33,25 @@ def check_sheet(args, **fields):
         expect(got == value, f"{args}: {name} is {got!r}, expected {value!r}")
 
 
-def check_error(args, *words):
+def check_error(args, status, words):
     rc, out, err = run(*args)
-    expect(rc != 0, f"{args}: expected a non-zero exit, got {rc}")
-    expect(rc < 128, f"{args}: killed by a signal ({rc})")
+    expect(rc == status, f"{args}: expected exit {status}, got {rc} ({err!r})")
     expect(out == "", f"{args}: printed {out!r} on failure")
     for w in words:
         expect(w in err, f"{args}: message {err!r} lacks {w!r}")
+    if status == 2:
+        expect(err.count("\n") == 1 and err.endswith("(see 'vxk sheet --help')\n"),
+               f"{args}: a usage error is one line with a pointer to the help: {err!r}")
 
 
 def main():
     import vxk_sheet_cases as c  # next to this script
     for args, fields in c.SHEETS:
         check_sheet(args, **fields)
-    for args, words in c.ERRORS:
-        check_error(args, *words)
+    for args, words in c.FAILURES:
+        check_error(args, 1, words)
+    for args, words in c.USAGE:
+        check_error(args, 2, words)
     for args, checks in c.OUTPUTS:
         rc, out, err = run(*args)
         expect(rc == 0, f"{args}: exit {rc}, stderr {err!r}")
