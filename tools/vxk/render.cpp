@@ -2,8 +2,6 @@
 #include <cairo-svg.h>
 #include <cairo.h>
 #include <fontconfig/fontconfig.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
 #include <cctype>
 #include <cerrno>
@@ -17,6 +15,7 @@
 
 #include "command.h"
 #include "designation.h"
+#include "safe_output.h"
 #include "shape_set.h"
 #include "sheet_picture.h"
 #include "utf8.h"
@@ -222,25 +221,15 @@ void write_whole(const fs::path& file, const std::string& bytes) {
   std::error_code ec;
   fail_if(!fs::is_directory(folder, ec), "the folder of '" + file.string() + "' does not exist");
   fail_if(fs::is_directory(file, ec), "'" + file.string() + "' is a folder");
-  std::string name = (folder / ("." + file.filename().string() + ".vxk-XXXXXX")).string();
-  const int fd = mkstemp(name.data());
-  fail_if(fd < 0, "cannot write in '" + folder.string() + "': " + std::strerror(errno));
-  const mode_t mask = umask(0);  // a new file's modes, as any other program would create it
-  umask(mask);
-  fchmod(fd, 0666 & ~mask);
-  size_t done = 0;
-  while (done < bytes.size()) {
-    const ssize_t n = ::write(fd, bytes.data() + done, bytes.size() - done);
-    if (n <= 0) break;
-    done += static_cast<size_t>(n);
-  }
-  const int write_error = done == bytes.size() ? 0 : errno;
-  const bool synced = write_error == 0 && fsync(fd) == 0;
-  const bool closed = ::close(fd) == 0;
-  const bool renamed = synced && closed && std::rename(name.c_str(), file.c_str()) == 0;
-  const std::string reason = std::strerror(write_error ? write_error : errno);
-  if (!renamed) std::remove(name.c_str());
-  fail_if(!renamed, "cannot write '" + file.string() + "': " + reason);
+  vxk::output_set out;
+  fail_if(!out.open(folder.string()), out.error());
+  const std::string staged = out.stage(file.filename().string());
+  std::FILE* f = std::fopen(staged.c_str(), "wb");
+  const bool written = f && std::fwrite(bytes.data(), 1, bytes.size(), f) == bytes.size();
+  const std::string reason = std::strerror(errno);
+  const bool closed = f && std::fclose(f) == 0;
+  fail_if(!written || !closed, "cannot write '" + file.string() + "': " + reason);
+  fail_if(!out.commit(), out.error());
 }
 
 std::string scale_text(double scale) {
