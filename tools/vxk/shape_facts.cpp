@@ -91,7 +91,11 @@ std::uint64_t length_without_measures(raw_file& f, int type, std::uint64_t at) {
   return 44 + (type == 31 ? 8 : 4) * parts + 16 * points + z;
 }
 
-std::string vertex_text(const Tvx_vtx_d2& v) { return "(" + shortest(v.x) + ", " + shortest(v.y) + ")"; }
+std::string vertex_text(const Tvx_vtx_d2& v) {
+  char text[64];
+  std::snprintf(text, sizeof text, "(%.10g, %.10g)", v.x, v.y);
+  return text;
+}
 
 // Why a record that the source has read whole became a null record: its first vertex that the
 // transformation refuses, alone.
