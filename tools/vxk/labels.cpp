@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "command.h"
+#include "crs_text.h"
 #include "numbers.h"
 #include "report.h"
 #include "safe_output.h"
@@ -17,7 +18,7 @@
 namespace {
 
 const char* const kUsage =
-    "usage: vxk labels SRC.tld DST.tld --from \"PROJ string\" --to \"PROJ string\"\n"
+    "usage: vxk labels SRC.tld DST.tld --from SYSTEM --to SYSTEM\n"
     "       vxk labels --dump FILE.tld\n"
     "\n"
     "Reprojects a TLD label file: the points at which the labels stand and the end points of their\n"
@@ -31,8 +32,9 @@ const char* const kUsage =
     "With --dump, prints the labels of a file as JSON on standard output.\n"
     "\n"
     "options:\n"
-    "  --from TEXT   the source coordinate system, a PROJ string (not a file name)\n"
-    "  --to TEXT     the destination coordinate system, a PROJ string\n"
+    "  --from SYSTEM the source coordinate system: a PROJ string, EPSG:NNNN, WKT, PROJJSON, or the name of\n"
+    "                a file holding one (a .prj); all but a PROJ string are turned into one by PROJ\n"
+    "  --to SYSTEM   the destination coordinate system, in the same forms\n"
     "  --dump FILE   print FILE as JSON\n"
     "  --help        this text\n"
     "\n"
@@ -44,8 +46,7 @@ const char* const kUsage =
     "examples:\n"
     "  vxk labels towns.tld towns_gk7.tld --from \"+proj=longlat +ellps=krass\" \\\n"
     "      --to \"+proj=tmerc +lon_0=39 +x_0=7500000 +ellps=krass +units=m\"\n"
-    "  vxk labels rivers.tld rivers_utm.tld --from \"+proj=longlat +datum=WGS84\" \\\n"
-    "      --to \"+proj=utm +zone=37 +datum=WGS84\"\n"
+    "  vxk labels rivers.tld rivers_utm.tld --from EPSG:4326 --to EPSG:32637\n"
     "  vxk labels --dump towns_gk7.tld\n";
 
 int usage_error(const char* what) {
@@ -200,6 +201,17 @@ std::string write_safely(const std::string& dst, const Tvx_text_list_base* list)
   return out.commit() ? std::string() : out.error();
 }
 
+// A system as --from or --to gives it (a PROJ string, EPSG:NNNN, WKT, or a file with one), with what
+// is lost on the way told as warnings; false, with the reason told, when it cannot be used.
+bool take_system(const std::string& text, const char* option, vxk::crs::system& out) {
+  if (std::string err = vxk::crs::resolve(text, option, out); !err.empty()) {
+    std::fprintf(stderr, "vxk labels: %s; nothing was written\n", err.c_str());
+    return false;
+  }
+  for (const std::string& w : out.warnings) std::fprintf(stderr, "vxk labels: warning: %s: %s\n", option, w.c_str());
+  return true;
+}
+
 int reproject(const reproject_args& a) {
   const std::string& src = a.files[0];
   const std::string& dst = a.files[1];
@@ -210,10 +222,13 @@ int reproject(const reproject_args& a) {
                  vxk::echo(dst).c_str(), vxk::echo(src).c_str());
     return 2;
   }
+  vxk::crs::system from_sys, to_sys;
+  if (!take_system(a.from, "--from", from_sys) || !take_system(a.to, "--to", to_sys)) return 1;
+  vxk::crs::share_shift(from_sys, to_sys);
   text_list list;
   if (!read_labels(src, list.get())) return 1;
-  const std::wstring from = vxk::utf8_to_wide(a.from);
-  const std::wstring to = vxk::utf8_to_wide(a.to);
+  const std::wstring from = vxk::utf8_to_wide(from_sys.proj);
+  const std::wstring to = vxk::utf8_to_wide(to_sys.proj);
   {
     vxk::library_reports reports;
     const bool built = vx_proj4_text_list_w(list.get(), from.c_str(), to.c_str());
@@ -227,7 +242,8 @@ int reproject(const reproject_args& a) {
     std::fprintf(stderr, "vxk labels: %s; nothing was written\n", error.c_str());
     return 1;
   }
-  std::printf("%u labels written to %s\n", vx_text_list_get_size(list.get()), vxk::echo(dst).c_str());
+  std::printf("%s written to %s\n", vxk::spelled(vx_text_list_get_size(list.get()), "label", "labels").c_str(),
+              vxk::echo(dst).c_str());
   return 0;
 }
 

@@ -16,4 +16,9 @@ inline std::string shortest(double v) {
   return buf;
 }
 
+// "1 record", "3 records": a count with its noun.
+inline std::string spelled(unsigned long long n, const char* one, const char* many) {
+  return std::to_string(n) + " " + (n == 1 ? one : many);
+}
+
 }  // namespace vxk

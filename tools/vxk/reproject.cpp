@@ -13,6 +13,8 @@
 #include "report.h"
 #include "reproject.h"
 #include "safe_output.h"
+#include "shape_facts.h"
+#include "numbers.h"
 #include "utf8.h"
 #include "vxk_proj4_shp.h"
 
@@ -21,14 +23,15 @@ namespace {
 namespace fs = std::filesystem;
 
 const char* const kUsage =
-    "usage: vxk reproject SRC.shp DST.shp --from \"PROJ string\" --to \"PROJ string\" [--prj] [--progress]\n"
-    "       vxk reproject SRC... DST_FOLDER --from \"PROJ string\" --to \"PROJ string\" [-j N] [--prj] "
+    "usage: vxk reproject SRC.shp DST.shp [--from SYSTEM] --to SYSTEM [--no-prj] [--verbose] [--progress]\n"
+    "       vxk reproject SRC... DST_FOLDER [--from SYSTEM] --to SYSTEM [-j N] [--no-prj] [--verbose] "
     "[--progress]\n"
     "\n"
     "Rewrites the shape file SRC.shp (with its .shx) in another coordinate system as DST.shp, record by\n"
-    "record in the same order, and copies its .dbf and .cpg beside the result. A record that cannot be\n"
-    "transformed (a vertex outside the target projection's domain) becomes a null record, so that the\n"
-    "table stays aligned; their number is reported. Measures (M) are dropped, heights (Z) kept as they are.\n"
+    "record in the same order, and copies its .dbf and .cpg beside the result, with DST.prj telling the\n"
+    "new system. A record that cannot be transformed (a vertex outside the target projection's domain)\n"
+    "becomes a null record, so that the table stays aligned; their number is reported, and --verbose says\n"
+    "which and why. Measures (M) are dropped (the run says so), heights (Z) kept as they are.\n"
     "DST.shp without an extension gets \".shp\". The folder of DST.shp is created if it is missing.\n"
     "\n"
     "The result is written under temporary names beside DST.shp and put into place only when it is\n"
@@ -43,13 +46,33 @@ const char* const kUsage =
     "machine has processors). One progress bar covers the whole job, and one summary line counts files,\n"
     "records and null records. A file that fails is reported with its reason and the others complete.\n"
     "\n"
+    "Coordinate systems (SYSTEM) take the forms that cs2cs and ogr2ogr's -s_srs and -t_srs take:\n"
+    "  a PROJ string       \"+proj=utm +zone=37 +datum=WGS84 +units=m +no_defs\"\n"
+    "  an authority code   EPSG:32637, ESRI:102100 (from PROJ's database)\n"
+    "  WKT or PROJJSON     the text itself, OGC or ESRI WKT as in a .prj file\n"
+    "  a file              the name of a file holding one of these, such as a .prj\n"
+    "The library works with PROJ strings: every other form is turned into one by PROJ, with the system's\n"
+    "shift to WGS 84 when PROJ's database has a single one for it. Without --from, the source system is\n"
+    "read from SRC.pj4 (the PROJ string this library writes beside its results) or else SRC.prj, and a\n"
+    "source with neither is refused. A warning tells what is lost on the way: a parameter the library's\n"
+    "projection strings do not carry (+pm, +axis, +geoidgrids, ...), which is dropped; the vertical part of\n"
+    "a compound system; and a result that will lie more than a centimetre away from PROJ's own\n"
+    "transformation between the same systems (what cs2cs and ogr2ogr do), measured at nine points of the\n"
+    "source's box. The last comes from a datum the library cannot shift: a +datum whose grid files are not\n"
+    "installed (+datum=NAD27), or a system whose shift PROJ could not write as +towgs84 (EPSG:28407). The\n"
+    "warning names PROJ's shift when it is a single Helmert step: write it as +ellps=... +towgs84=...\n"
+    "\n"
     "options:\n"
-    "  --from TEXT   the source coordinate system as a PROJ string (the text, not a file name)\n"
-    "  --to TEXT     the destination coordinate system as a PROJ string\n"
-    "  --prj         also write DST.prj, the destination system in ESRI WKT\n"
-    "  --progress    show the progress bar even when standard error is not a terminal (it is shown on a\n"
-    "                terminal for files of more than 5000 records, and for every folder-mode run)\n"
-    "  -j N          folder mode: N processes side by side, 1 to 256\n"
+    "  --from SYSTEM  the source coordinate system; by default read from SRC.pj4 or SRC.prj\n"
+    "  --to SYSTEM    the destination coordinate system\n"
+    "  --no-prj       write no DST.prj. By default the destination system goes there in ESRI WKT, as\n"
+    "                 ogr2ogr does; when it has no ESRI WKT, the run says so and goes on without it\n"
+    "  --prj          require DST.prj: a destination system without ESRI WKT fails the run\n"
+    "  --verbose, -v  also say how each system is taken, and list the records that became null records\n"
+    "                 with the reason (the vertex that cannot be transformed, or a damaged record)\n"
+    "  --progress     show the progress bar even when standard error is not a terminal (on a terminal it\n"
+    "                 is shown for files of more than 5000 records and for every folder-mode run)\n"
+    "  -j N           folder mode: N processes side by side, 1 to 256\n"
     "\n"
     "examples:\n"
     "  # Pulkovo 1942 geographic to Gauss-Kruger zone 7\n"
@@ -58,22 +81,18 @@ const char* const kUsage =
     "      --to \"+proj=tmerc +lat_0=0 +lon_0=39 +k=1 +x_0=7500000 +y_0=0 +ellps=krass \\\n"
     "            +towgs84=23.92,-141.27,-80.9,0,0.35,0.82,-0.12 +units=m +no_defs\"\n"
     "\n"
-    "  # UTM zone 37 north back to WGS 84 longitude and latitude, with a .prj\n"
-    "  vxk reproject utm37/lakes.shp wgs84/lakes.shp --prj \\\n"
-    "      --from \"+proj=utm +zone=37 +datum=WGS84 +units=m +no_defs\" --to \"+proj=longlat +datum=WGS84 "
-    "+no_defs\"\n"
+    "  # a file with a .prj to UTM zone 37 north, by EPSG code\n"
+    "  vxk reproject lakes.shp utm37/lakes.shp --to EPSG:32637\n"
     "\n"
-    "  # every shape file of the folder gk7/ back to Pulkovo 1942, two at a time\n"
-    "  vxk reproject gk7 pulkovo/ -j 2 \\\n"
-    "      --from \"+proj=tmerc +lat_0=0 +lon_0=39 +k=1 +x_0=7500000 +y_0=0 +ellps=krass \\\n"
-    "              +towgs84=23.92,-141.27,-80.9,0,0.35,0.82,-0.12 +units=m +no_defs\" \\\n"
-    "      --to \"+proj=longlat +ellps=krass +towgs84=23.92,-141.27,-80.9,0,0.35,0.82,-0.12 +no_defs\"\n"
+    "  # every shape file of the folder gk7/ (each with its .prj) to WGS 84, two at a time\n"
+    "  vxk reproject gk7 wgs84/ -j 2 --to EPSG:4326\n"
     "\n"
     "exit status: 0 done; 1 failed, nothing was written (the transformation cannot be built, the source\n"
     "cannot be read or is not a shape file, a file cannot be written); 2 bad arguments (also a destination\n"
-    "that is the source); 3 done, but the source is damaged: the records that could not be read are null\n"
-    "records in the result, a table whose header does not fit its file is copied as it is. In folder\n"
-    "mode: 1 when any file failed, 3 when none failed and a source was damaged.\n";
+    "that is the source, or a source whose system is neither given nor in a .prj); 3 done, but the source\n"
+    "is damaged: the records that could not be read are null records in the result, a table whose header\n"
+    "does not fit its file is copied as it is. In folder mode: 1 when any file failed, 3 when none failed\n"
+    "and a source was damaged.\n";
 
 using vxk::reproject::kBadArguments;
 using vxk::reproject::kDamagedSource;
@@ -85,9 +104,9 @@ int fail(const std::string& message) {
   return kFailed;
 }
 
-int bad_arguments(const std::string& message) {
-  std::fprintf(stderr, "vxk reproject: %s\n\n%s", message.c_str(), kUsage);
-  return kBadArguments;
+// The command line is wrong: one line with the mistake and a pointer to the help.
+[[noreturn]] void bad_arguments(const std::string& message) {
+  throw vxk::usage_error{message};
 }
 
 int refuse(const std::string& message) {
@@ -122,8 +141,10 @@ std::string parse_value(const std::vector<std::string>& args, std::size_t& i, op
   const std::string& a = args[i];
   const bool joined = a.size() > 2 && a.compare(0, 2, "-j") == 0;
   if (!joined && i + 1 >= args.size())
-    return a + (a == "-j" || a == "--jobs" ? " needs a number" : " needs a PROJ string");
+    return a + (a == "-j" || a == "--jobs" ? " needs a number" : " needs a coordinate system");
   const std::string value = joined ? a.substr(2) : args[++i];
+  if ((a == "--from" || a == "--to") && value.find_first_not_of(" \t") == std::string::npos)
+    return a + " needs a coordinate system, not an empty text";
   if (a == "--from") opt.from = value;
   if (a == "--to") opt.to = value;
   if (a == "--from" || a == "--to") return {};
@@ -153,7 +174,11 @@ std::string parse(const std::vector<std::string>& args, options& opt) {
     if (takes_value(a)) {
       if (std::string err = parse_value(args, i, opt); !err.empty()) return err;
     } else if (a == "--prj") {
-      opt.prj = true;
+      opt.prj = opt.prj_asked = true;
+    } else if (a == "--no-prj") {
+      opt.prj = opt.prj_asked = false;
+    } else if (a == "--verbose" || a == "-v") {
+      opt.verbose = true;
     } else if (a == "--progress") {
       opt.progress = true;
     } else if (a.size() > 1 && a[0] == '-') {
@@ -163,7 +188,7 @@ std::string parse(const std::vector<std::string>& args, options& opt) {
     }
   }
   if (paths.size() < 2) return "give a source and a destination";
-  if (opt.from.empty() || opt.to.empty()) return "give both --from and --to";
+  if (opt.to.empty()) return "give the destination system with --to";
   opt.folder_mode = asks_for_folder_mode(paths);
   opt.dst = paths.back();
   paths.pop_back();
@@ -271,19 +296,27 @@ std::string write_text_file(const std::string& path, const std::string& text, co
   return {};
 }
 
-// The destination system as ESRI WKT, in the .prj beside the result.
-std::string write_prj(const std::string& staged_shp, const std::string& shown_shp, const std::string& proj) {
+// The destination system as ESRI WKT, in the .prj beside the result. A system without ESRI WKT fails the
+// run only when the .prj was asked for with --prj; otherwise the run goes on without it and says so.
+std::string write_prj(const options& opt, const std::string& staged_shp) {
   std::string wkt;
   Ivx_string_adp* sink = vx_string_adp_create(
       [](const char* text, void* user) {
         if (text) *static_cast<std::string*>(user) += text;
       },
       nullptr, &wkt);
+  const std::string& proj = opt.to_sys.proj;
   const bool exported = sink && vx_pj4_export_esri(vxk::utf8_to_wide(proj).c_str(), sink) && !wkt.empty();
   vx_string_adp_destroy(sink);
-  if (!exported) return "cannot express \"" + vxk::echo(proj) + "\" in ESRI WKT for the .prj";
+  if (!exported) {
+    const std::string why = "\"" + vxk::echo(proj) + "\" cannot be expressed in ESRI WKT";
+    if (opt.prj_asked) return "cannot write the .prj: " + why;
+    std::fprintf(stderr, "vxk reproject: warning: no .prj written beside '%s': %s\n", vxk::echo(opt.dst).c_str(),
+                 why.c_str());
+    return {};
+  }
   return write_text_file(fs::path(staged_shp).replace_extension(".prj").string(), wkt,
-                         fs::path(shown_shp).replace_extension(".prj").string());
+                         fs::path(opt.dst).replace_extension(".prj").string());
 }
 
 // What the library reported, on standard error: its errors, then its notes (PROJ's reports), each
@@ -301,25 +334,49 @@ std::string reproject_into(const options& opt, vxk::output_set& out, const vxk::
                            vx_proj4_shp_counts& counts) {
   const std::string staged = out.stage(fs::path(opt.dst).filename().string());
   vxk::library_reports reports;
-  const bool built = vx_proj4_shp_ex(opt.src.c_str(), opt.from.c_str(), staged.c_str(), opt.to.c_str(),
-                                     progress.fn, progress.user, &counts);
+  const bool built = vx_proj4_shp_ex(opt.src.c_str(), opt.from_sys.proj.c_str(), staged.c_str(),
+                                     opt.to_sys.proj.c_str(), progress.fn, progress.user, &counts);
   print_reports(reports, out);
   if (!built) return "nothing was written";
   const std::string untouched =
       "nothing was written to '" + vxk::echo(opt.dst) + "'; what was there is as it was";
   if (counts.file_errors) return untouched;
   if (!opt.prj) return {};
-  const std::string error = write_prj(staged, opt.dst, opt.to);
+  const std::string error = write_prj(opt, staged);
   return error.empty() ? error : error + "; " + untouched;
 }
 
 std::string summary(const options& opt, const vx_proj4_shp_counts& counts, bool table_damaged) {
-  std::string text = vxk::echo(opt.dst) + ": " + std::to_string(counts.records) + " records written, " +
-                     std::to_string(counts.failed) + " became null records (could not be transformed)";
-  if (counts.unreadable)
-    text += ", " + std::to_string(counts.unreadable) + " could not be read: the source is damaged";
+  std::string text = vxk::echo(opt.dst) + ": " + vxk::reproject::counts_text(counts.records, counts.failed,
+                                                                             counts.unreadable, "the source");
   if (table_damaged) text += "; the source table is damaged and was copied as it is";
   return text;
+}
+
+// Says what was lost in taking a system.
+void tell_losses(const vxk::crs::system& s) {
+  for (const std::string& w : s.warnings)
+    std::fprintf(stderr, "vxk reproject: warning: %s: %s\n", s.shown.c_str(), w.c_str());
+}
+
+// A text from PROJ or a file, with control characters made visible and a bound on its length.
+std::string printable(const std::string& text) {
+  std::string out = text.substr(0, 4096);
+  for (char& c : out)
+    if (static_cast<unsigned char>(c) < 0x20 || c == 0x7f) c = '?';
+  return out;
+}
+
+// The systems given on the command line; 0, or the exit status of a refusal.
+int resolve_given(options& opt) {
+  if (std::string err = vxk::crs::resolve(opt.to, "--to", opt.to_sys); !err.empty()) return fail(err);
+  tell_losses(opt.to_sys);
+  if (opt.from.empty()) return 0;
+  if (std::string err = vxk::crs::resolve(opt.from, "--from", opt.from_sys); !err.empty()) return fail(err);
+  tell_losses(opt.from_sys);
+  vxk::crs::share_shift(opt.from_sys, opt.to_sys);
+  opt.from_ready = true;
+  return 0;
 }
 
 int run(const std::vector<std::string>& args) {
@@ -330,7 +387,8 @@ int run(const std::vector<std::string>& args) {
     }
   }
   options opt;
-  if (std::string err = parse(args, opt); !err.empty()) return bad_arguments(err);
+  if (std::string err = parse(args, opt); !err.empty()) bad_arguments(err);
+  if (int status = resolve_given(opt)) return status;
   if (opt.folder_mode) return vxk::reproject::run_folder(opt);
   progress_bar bar;
   vx_proj4_shp_counts counts{};
@@ -342,18 +400,77 @@ int run(const std::vector<std::string>& args) {
   return status;
 }
 
+// The source system read from the files beside the source, when --from was not given; 0, or the exit
+// status of a refusal.
+int source_system(options& opt) {
+  if (opt.from_ready) return 0;
+  if (std::string err = vxk::crs::from_source(opt.src, opt.from_sys); !err.empty()) return refuse(err);
+  vxk::crs::share_shift(opt.from_sys, opt.to_sys);
+  tell_losses(opt.from_sys);
+  opt.from_ready = true;
+  return 0;
+}
+
+// With --verbose, the records that became null records and why.
+void list_null_records(const options& opt, const vx_proj4_shp_counts& counts) {
+  if (!opt.verbose || (counts.failed == 0 && counts.unreadable == 0)) return;
+  for (const std::string& line :
+       vxk::shape_facts::null_record_reasons(opt.src, opt.dst, opt.from_sys.proj, opt.to_sys.proj))
+    std::fprintf(stderr, "vxk reproject: %s: %s\n", vxk::echo(opt.dst).c_str(), line.c_str());
+}
+
 }  // namespace
 
 namespace vxk::reproject {
 
-int run_file(const options& opt, const progress& progress, vx_proj4_shp_counts& counts, bool& table_damaged) {
+std::string counts_text(std::uint64_t records, std::uint64_t failed, std::uint64_t unreadable,
+                        const char* damaged) {
+  std::string text = spelled(records, "record", "records") + " written";
+  if (failed == 1) text += ", 1 became a null record (it could not be transformed)";
+  if (failed > 1) text += ", " + std::to_string(failed) + " became null records (they could not be transformed)";
+  if (unreadable) {
+    text += ", " + std::to_string(unreadable) + " could not be read: " + damaged + " is damaged";
+  }
+  return text;
+}
+
+void tell_difference(const options& opt, const shape_facts::box& b) {
+  crs::difference d;
+  if (!crs::compare_with_proj(opt.from_sys, opt.to_sys, b.xmin, b.ymin, b.xmax, b.ymax, d)) return;
+  const std::string warning = crs::difference_warning(opt.from_sys, opt.to_sys, d);
+  if (!warning.empty()) std::fprintf(stderr, "vxk reproject: warning: %s\n", warning.c_str());
+}
+
+void tell_taken(const options& opt) {
+  if (!opt.verbose || opt.taken_told) return;
+  for (const crs::system* s : {&opt.from_sys, &opt.to_sys}) {
+    if (s->converted || s->shown[0] == '\'')
+      std::fprintf(stderr, "vxk reproject: %s is taken as \"%s\"\n", s->shown.c_str(), printable(s->proj).c_str());
+  }
+}
+
+void tell_measures(std::size_t sources) {
+  if (sources == 0) return;
+  const std::string whose = sources == 1 ? "the source's records" : spelled(sources, "source", "sources") + "' records";
+  std::fprintf(stderr, "vxk reproject: note: the measures (M) of %s are not kept: the result has x and y, and z "
+               "where the source has it\n", whose.c_str());
+}
+
+int run_file(const options& given, const progress& progress, vx_proj4_shp_counts& counts, bool& table_damaged) {
+  options opt = given;
   if (std::string err = check_source(opt.src); !err.empty()) return fail(err);
   if (std::string err = check_not_source(opt.src, opt.dst); !err.empty()) return refuse(err);
+  if (int status = source_system(opt)) return status;
+  tell_taken(opt);
+  shape_facts::box box;
+  if (!opt.difference_told && shape_facts::header_box(opt.src, box)) tell_difference(opt, box);
+  if (!opt.measures_told && shape_facts::carries_measures(opt.src)) tell_measures(1);
   vxk::output_set out;
   if (!out.open(fs::path(opt.dst).parent_path().string())) return fail(out.error() + "; nothing was written");
   if (std::string err = reproject_into(opt, out, progress, counts); !err.empty()) return fail(err);
   out.replace_family(fs::path(opt.dst).filename().string(), vxk::shape_side_extensions());
   if (!out.commit()) return fail(out.error());
+  list_null_records(opt, counts);
   const std::string damage = table_damage(opt.src);
   table_damaged = !damage.empty();
   if (table_damaged) {

@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "crs_text.h"
+#include "shape_facts.h"
 #include "vxk_proj4_shp.h"
 
 namespace vxk::reproject {
@@ -14,9 +16,16 @@ constexpr int kBadArguments = 2;
 constexpr int kDamagedSource = 3;
 
 struct options {
-  std::string src, dst, from, to;
-  bool prj = false;
+  std::string src, dst, from, to;  // from and to as the user gave them (from may be empty)
+  bool prj = true;                 // write DST.prj
+  bool prj_asked = false;          // --prj given: a .prj that cannot be written fails the run
   bool progress = false;
+  bool verbose = false;
+  // The systems as the library takes them. from_sys is resolved per file when --from is not given.
+  crs::system from_sys, to_sys;
+  bool from_ready = false;
+  // Told once by whoever runs the whole job, so that folder mode does not repeat them per file.
+  bool difference_told = false, measures_told = false, taken_told = false;
   // Folder mode: the sources as given (files and folders), dst the destination folder.
   bool folder_mode = false;
   std::vector<std::string> sources;
@@ -38,6 +47,20 @@ int run_file(const options& opt, const progress& progress, vx_proj4_shp_counts& 
 // Every shape file of opt.sources into the folder opt.dst, opt.jobs processes side by side, with one
 // progress bar and one summary line. The exit status: kFailed when any file failed.
 int run_folder(const options& opt);
+
+// "3 records written, 1 became a null record (it could not be transformed)": the counts of a run, spelled
+// for people; `damaged` names what is damaged when records could not be read ("the source").
+std::string counts_text(std::uint64_t records, std::uint64_t failed, std::uint64_t unreadable, const char* damaged);
+
+// Warns when the library's result will lie more than a centimetre from PROJ's own transformation over
+// the box of source coordinates.
+void tell_difference(const options& opt, const shape_facts::box& b);
+
+// With --verbose, says how the systems are taken when that is not the text the user wrote.
+void tell_taken(const options& opt);
+
+// Notes once that the measures of so many sources are not kept (nothing for 0).
+void tell_measures(std::size_t sources);
 
 // The number of records of a shape file, from the length of its index (100 bytes of header, then 8 per
 // record). 0 when the index cannot be read.

@@ -22,7 +22,9 @@
 
 #include "report.h"
 #include "reproject.h"
+#include "numbers.h"
 #include "safe_output.h"
+#include "shape_facts.h"
 
 namespace vxk::reproject {
 
@@ -277,12 +279,11 @@ std::string summary(const options& opt, const std::vector<task>& tasks) {
     ++done, records += t.counts.records, nulls += t.counts.failed, unreadable += t.counts.unreadable;
     tables += t.table_damaged ? 1 : 0;
   }
-  std::string text = echo(opt.dst) + ": " + std::to_string(tasks.size()) + " files, " + std::to_string(done) +
-                     " reprojected, " + std::to_string(tasks.size() - done) + " failed; " +
-                     std::to_string(records) + " records written, " + std::to_string(nulls) +
-                     " became null records (could not be transformed)";
-  if (unreadable) text += ", " + std::to_string(unreadable) + " could not be read: a source is damaged";
-  if (tables) text += "; " + std::to_string(tables) + " damaged source tables were copied as they are";
+  std::string text = echo(opt.dst) + ": " + spelled(tasks.size(), "file", "files") + ", " +
+                     std::to_string(done) + " reprojected, " + std::to_string(tasks.size() - done) + " failed; " +
+                     counts_text(records, nulls, unreadable, "a source");
+  if (tables == 1) text += "; 1 damaged source table was copied as it is";
+  if (tables > 1) text += "; " + std::to_string(tables) + " damaged source tables were copied as they are";
   return text;
 }
 
@@ -321,7 +322,31 @@ void bar::hide() {
   shown = -1;
 }
 
-int run_folder(const options& opt) {
+// What is said once for the whole job rather than per file: the difference from PROJ's own
+// transformation over the box of all sources (when --from gives one source system), and measures.
+void tell_once(options& opt, const std::vector<task>& tasks) {
+  shape_facts::box all;
+  bool any = false;
+  std::size_t measured = 0;
+  for (const task& t : tasks) {
+    measured += shape_facts::carries_measures(t.src) ? 1 : 0;
+    shape_facts::box b;
+    if (!shape_facts::header_box(t.src, b)) continue;
+    if (any) b = {std::min(b.xmin, all.xmin), std::min(b.ymin, all.ymin), std::max(b.xmax, all.xmax),
+                  std::max(b.ymax, all.ymax)};
+    all = b, any = true;
+  }
+  tell_measures(measured);
+  opt.measures_told = true;
+  if (!opt.from_ready) return;
+  tell_taken(opt);
+  opt.taken_told = true;
+  if (any) tell_difference(opt, all);
+  opt.difference_told = true;
+}
+
+int run_folder(const options& given) {
+  options opt = given;
   std::vector<task> tasks;
   if (std::string err = collect(opt, tasks); !err.empty()) {
     std::fprintf(stderr, "vxk reproject: %s\n", err.c_str());
@@ -332,6 +357,7 @@ int run_folder(const options& opt) {
     std::fprintf(stderr, "vxk reproject: %s; nothing was written\n", holder.error().c_str());
     return kFailed;
   }
+  tell_once(opt, tasks);
   const bool show = opt.progress || ::isatty(STDERR_FILENO);
   scheduler(tasks, opt, jobs_for(opt, tasks.size()), show).run();
   const int status = exit_status(tasks);

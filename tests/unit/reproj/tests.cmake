@@ -40,3 +40,9 @@ add_test(NAME reproj.ogr2ogr_compare
   COMMAND ${vxk_gdal_python} ${vxk_ogr_check} check-vxk $<TARGET_FILE:vxk>
           ${VXK_TEST_TMP_DIR}/ogr2ogr_compare)
 set_tests_properties(reproj.ogr2ogr_compare PROPERTIES ENVIRONMENT "${VXK_TEST_ENV}")
+
+# vxk reproject with systems in every form (EPSG codes, WKT, PROJJSON, .prj files, none given) against
+# cs2cs to 1 mm, its warnings, --verbose, measures, counts and the progress bar on a terminal.
+add_test(NAME reproj.vxk_reproject_systems
+  COMMAND ${vxk_gdal_python} ${CMAKE_CURRENT_LIST_DIR}/vxk_reproject_systems_check.py)
+set_tests_properties(reproj.vxk_reproject_systems PROPERTIES ENVIRONMENT "${VXK_TEST_ENV}")

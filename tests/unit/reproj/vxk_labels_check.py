@@ -122,6 +122,16 @@ def main():
             check(got[field] == before[i][field], f"label {i}: {field} carried unchanged")
     check(near(after[0]["callout"][0], cs2cs([(37.65, 55.8)])[0], 1e-3), "callout end point agrees with cs2cs")
 
+    # The systems by EPSG code: the same points as the PROJ strings of World Mercator on WGS 84.
+    os.remove(dst)
+    r = vxk(src, dst, "--from", "EPSG:4326", "--to", "EPSG:3395")
+    check(r.returncode == 0 and r.stderr == "", f"EPSG codes are taken: {r.stderr.strip()}")
+    by_code = dump(dst)["labels"]
+    check(all(near(g, w, 1e-3) for i in range(len(LABELS))
+              for g, w in zip(by_code[i]["points"], after[i]["points"])), "EPSG codes give the same points")
+    r = vxk(src, dst, "--from", "EPSG:999999", "--to", DST)
+    check(r.returncode == 1 and "crs not found" in r.stderr, f"an unknown code is refused: {r.stderr.strip()}")
+
     # The same file as source and destination is refused, however it is spelled: a failed write once
     # left the source cut short.
     inplace = os.path.join(TMP, "inplace.tld")
