@@ -200,10 +200,24 @@ std::string read_small_file(const fs::path& path, std::string& text) {
   return {};
 }
 
-// What the text says, with the warnings about parameters the library drops.
-std::string resolve_text(const std::string& given, system& out) {
+// A text with neither "+" nor "=": no PROJ string, but maybe the name of a system in PROJ's database
+// ("WGS 84", "Pulkovo 1942 / Gauss-Kruger zone 7"), or the name of a file that is not there.
+bool is_plain_name(const std::string& text) {
+  return !text.empty() && text.find('+') == std::string::npos && text.find('=') == std::string::npos;
+}
+
+bool looks_like_path(const std::string& text) {
+  const std::string ext = fs::path(text).extension().string();
+  if (ext == ".prj" || ext == ".wkt" || ext == ".json" || ext == ".pj4") return true;
+  // Names of projected systems have " / " in them ("Pulkovo 1942 / Gauss-Kruger zone 7"); paths do not.
+  return text.find('/') != std::string::npos && text.find(' ') == std::string::npos;
+}
+
+// What the text says, with the warnings about parameters the library drops. Names of systems are
+// looked up only in what the user typed, not in the content of files.
+std::string resolve_text(const std::string& given, system& out, bool names = false) {
   const std::string text = trim(given);
-  if (needs_proj(text)) {
+  if (needs_proj(text) || (names && is_plain_name(text))) {
     if (std::string err = through_proj(text, out); !err.empty()) return err;
   } else {
     out.proj = text;
@@ -351,7 +365,11 @@ std::string resolve(const std::string& text, const std::string& shown, system& o
     out.shown = shown + " ('" + echo(t) + "')";
     return resolve_text(content, out);
   }
-  return resolve_text(text, out);
+  if (is_plain_name(t) && looks_like_path(t)) {
+    return "there is no file '" + echo(t) + "' for " + shown +
+           " (it takes a PROJ string, EPSG:NNNN, WKT, the name of a system, or a file holding one)";
+  }
+  return resolve_text(text, out, true);
 }
 
 std::string from_source(const std::string& shp, system& out) {

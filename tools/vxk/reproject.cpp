@@ -50,6 +50,7 @@ const char* const kUsage =
     "  a PROJ string       \"+proj=utm +zone=37 +datum=WGS84 +units=m +no_defs\"\n"
     "  an authority code   EPSG:32637, ESRI:102100 (from PROJ's database)\n"
     "  WKT or PROJJSON     the text itself, OGC or ESRI WKT as in a .prj file\n"
+    "  a name              of a system in PROJ's database: \"WGS 84 / UTM zone 37N\"\n"
     "  a file              the name of a file holding one of these, such as a .prj\n"
     "The library works with PROJ strings: every other form is turned into one by PROJ, with the system's\n"
     "shift to WGS 84 when PROJ's database has a single one for it. Without --from, the source system is\n"

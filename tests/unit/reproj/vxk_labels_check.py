@@ -162,6 +162,9 @@ def main():
     # Failures, each with a message and nothing written.
     bad = os.path.join(TMP, "bad.tld")
     r = vxk(src, bad, "--from", "not a projection", "--to", DST)
+    check(r.returncode == 1 and "PROJ cannot read --from \"not a projection\"" in r.stderr and
+          not os.path.exists(bad), f"a system PROJ does not know exits 1 and writes nothing: {r.stderr.strip()}")
+    r = vxk(src, bad, "--from", "+proj=nonsense", "--to", DST)
     check(r.returncode == 1 and "cannot build the transformation" in r.stderr and not os.path.exists(bad),
           "an unbuildable transformation exits 1 and writes nothing")
     r = vxk(os.path.join(TMP, "absent.tld"), bad, "--from", SRC, "--to", DST)

@@ -142,6 +142,18 @@ class EpsgAndWkt(Base):
         self.run_case(MOSCOW, "+proj=longlat +datum=WGS84 +no_defs", "EPSG:32637",
                       "+proj=longlat +datum=WGS84 +type=crs", "EPSG:32637")
 
+    def test_names_of_systems_in_proj_database(self):
+        self.run_case(MOSCOW, "WGS 84", "WGS 84 / UTM zone 37N", "EPSG:4326", "EPSG:32637", lat_first=True)
+
+    def test_a_missing_file_and_an_unknown_name_are_clear_errors(self):
+        run = vxk(self.make_src(), self.path("dst.shp"), "--from", "EPSG:4326", "--to", "gk7/system.prj")
+        self.assertEqual(run.returncode, 1)
+        self.assertIn("there is no file 'gk7/system.prj' for --to", run.stderr)
+        run = vxk(self.make_src(), self.path("dst.shp"), "--from", "EPSG:4326", "--to", "Nowhere 1900")
+        self.assertEqual(run.returncode, 1)
+        self.assertIn("PROJ cannot read --to \"Nowhere 1900\"", run.stderr)
+        self.assertFalse(os.path.exists(self.path("dst.shp")))
+
     def test_unknown_code_is_a_clear_error(self):
         run = vxk(self.make_src(), self.path("dst.shp"), "--from", "EPSG:4326", "--to", "EPSG:999999")
         self.assertEqual(run.returncode, 1)

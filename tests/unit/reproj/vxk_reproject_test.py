@@ -136,6 +136,9 @@ class VxkReproject(unittest.TestCase):
         dst = os.path.join(TMP, "out.shp")
         run = vxk(self.src, dst, "--from", PULKOVO, "--to", "/some/file.prj")
         self.assertEqual(run.returncode, 1)
+        self.assertIn("there is no file '/some/file.prj' for --to", run.stderr)
+        run = vxk(self.src, dst, "--from", PULKOVO, "--to", "+proj=nonsense")
+        self.assertEqual(run.returncode, 1)
         self.assertIn("cannot build the transformation", run.stderr)
         self.assertFalse(os.path.exists(dst))
 
