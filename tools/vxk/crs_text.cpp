@@ -125,7 +125,8 @@ pj_ptr identified(context& c, PJ* crs) {
   PJ_OBJ_LIST* found = proj_identify(c.ctx, crs, "EPSG", nullptr, &confidence);
   pj_ptr best;
   const int n = found ? proj_list_get_count(found) : 0;
-  if (n > 0 && confidence[0] == 100 && (n == 1 || confidence[1] < 100)) best.reset(proj_list_get(c.ctx, found, 0));
+  if (n > 0 && confidence[0] == 100 && (n == 1 || confidence[1] < 100))
+    best.reset(proj_list_get(c.ctx, found, 0));
   proj_int_list_destroy(confidence);
   proj_list_destroy(found);
   return best;
@@ -165,9 +166,10 @@ std::string datum_name(context& c, PJ* crs) {
 // PROJ's database knows one for it.
 std::string through_proj(const std::string& text, system& out) {
   context c;
-  const std::string input = text.find("+init=") != std::string::npos && text.find("+type=crs") == std::string::npos
-                                ? text + " +type=crs"
-                                : text;
+  const std::string input =
+      text.find("+init=") != std::string::npos && text.find("+type=crs") == std::string::npos
+          ? text + " +type=crs"
+          : text;
   pj_ptr crs(proj_create(c.ctx, input.c_str()));
   if (!crs) return "PROJ cannot read " + out.shown + " \"" + echo(text) + "\": " + c.error();
   if (!proj_is_crs(crs.get())) return out.shown + " \"" + echo(text) + "\" is not a coordinate system";
@@ -190,7 +192,8 @@ std::string read_small_file(const fs::path& path, std::string& text) {
   std::error_code ec;
   const auto size = fs::file_size(path, ec);
   if (ec) return "cannot read '" + echo(path.string()) + "': " + ec.message();
-  if (size > (1u << 20)) return "'" + echo(path.string()) + "' is too large for a coordinate system (over 1 MiB)";
+  if (size > (1u << 20))
+    return "'" + echo(path.string()) + "' is too large for a coordinate system (over 1 MiB)";
   std::ifstream in(path, std::ios::binary);
   std::ostringstream all;
   all << in.rdbuf();
@@ -228,11 +231,13 @@ std::string resolve_text(const std::string& given, system& out, bool names = fal
   for (std::size_t i = 0; i < out.dropped.size() && i < kShown; ++i) {
     const std::string& p = out.dropped[i];
     const std::string what = consequence(trim(p.substr(1, p.find('=') - 1)));
-    out.warnings.push_back(echo(p) + " is not a parameter of the library's projection strings and is dropped" +
+    out.warnings.push_back(echo(p) +
+                           " is not a parameter of the library's projection strings and is dropped" +
                            (what.empty() ? "" : ": " + what));
   }
   if (out.dropped.size() > kShown)
-    out.warnings.push_back(std::to_string(out.dropped.size() - kShown) + " more parameters are dropped as well");
+    out.warnings.push_back(std::to_string(out.dropped.size() - kShown) +
+                           " more parameters are dropped as well");
   return {};
 }
 
@@ -284,7 +289,8 @@ std::string towgs84_of(context& c, PJ* op) {
   const std::string proj = text;
   const auto first = proj.find("+proj=helmert");
   if (first == std::string::npos || proj.find("+proj=helmert", first + 1) != std::string::npos) return {};
-  if (proj.find("gridshift") != std::string::npos || proj.find("+proj=deformation") != std::string::npos) return {};
+  if (proj.find("gridshift") != std::string::npos || proj.find("+proj=deformation") != std::string::npos)
+    return {};
   const std::string step = proj.substr(first, proj.find("+step", first) - first);
   std::vector<std::string> values;
   for (const char* n : {"x", "y", "z", "rx", "ry", "rz", "s"}) {
@@ -304,7 +310,8 @@ std::string towgs84_of(context& c, PJ* op) {
 // An operation's name without the steps that only swap axes, which PROJ names in every chain.
 std::string without_axis_steps(std::string name) {
   for (const char* step : {"axis order change (2D) + ", " + axis order change (2D)"}) {
-    for (auto at = name.find(step); at != std::string::npos; at = name.find(step)) name.erase(at, std::strlen(step));
+    for (auto at = name.find(step); at != std::string::npos; at = name.find(step))
+      name.erase(at, std::strlen(step));
   }
   return name;
 }
@@ -335,8 +342,13 @@ void share_shift(system& a, system& b) {
   if (!value_of(without.proj, "datum").empty() || !value_of(without.proj, "nadgrids").empty()) return;
   const std::string shift = " +towgs84=" + (ta.empty() ? tb : ta);
   const auto at = without.proj.find(" +units=") != std::string::npos ? without.proj.find(" +units=")
-                                                                      : without.proj.find(" +no_defs");
+                                                                     : without.proj.find(" +no_defs");
   without.proj.insert(at == std::string::npos ? without.proj.size() : at, shift);
+}
+
+void print_warnings(const system& s, const char* command) {
+  for (const std::string& w : s.warnings)
+    std::fprintf(stderr, "%s: warning: %s: %s\n", command, s.shown.c_str(), w.c_str());
 }
 
 std::vector<std::string> dropped_parameters(const std::string& proj) {
@@ -385,18 +397,20 @@ std::string from_source(const std::string& shp, system& out) {
     return resolve_text(wide_to_utf8(sink.rows().front()), out);
   }
   if (!fs::is_regular_file(prj, ec)) {
-    return "the source '" + echo(shp) + "' has no .prj (nor .pj4) to tell its coordinate system; give it with "
+    return "the source '" + echo(shp) +
+           "' has no .prj (nor .pj4) to tell its coordinate system; give it with "
            "--from (a PROJ string, EPSG:NNNN or WKT)";
   }
   out.shown = "'" + echo(prj.string()) + "'";
   std::string content;
   if (std::string err = read_small_file(prj, content); !err.empty()) return err;
-  if (trim(content).empty()) return "the coordinate system file " + out.shown + " is empty; give the system with --from";
+  if (trim(content).empty())
+    return "the coordinate system file " + out.shown + " is empty; give the system with --from";
   return resolve_text(content, out);
 }
 
-bool compare_with_proj(const system& from, const system& to, double xmin, double ymin, double xmax, double ymax,
-                       difference& out) {
+bool compare_with_proj(const system& from, const system& to, double xmin, double ymin, double xmax,
+                       double ymax, difference& out) {
   context c;
   pj_ptr op(proj_create_crs_to_crs(c.ctx, from.for_proj.c_str(), to.for_proj.c_str(), nullptr));
   pj_ptr norm(op ? proj_normalize_for_visualization(c.ctx, op.get()) : nullptr);
@@ -433,9 +447,11 @@ std::string difference_warning(const system& from, const system& to, const diffe
   if (d.metres <= kTold) return {};
   char far[32];
   std::snprintf(far, sizeof far, d.metres < 10 ? "%.2f" : "%.0f", d.metres);
-  std::string text = std::string("the result will be up to ") + far +
-                     " m away from PROJ's own transformation between these systems (what cs2cs and ogr2ogr do), "
-                     "at " + shortest(d.x) + ", " + shortest(d.y) + " of the source";
+  std::string text =
+      std::string("the result will be up to ") + far +
+      " m away from PROJ's own transformation between these systems (what cs2cs and ogr2ogr do), "
+      "at " +
+      shortest(d.x) + ", " + shortest(d.y) + " of the source";
   if (!d.operation.empty()) text += ", where PROJ uses \"" + d.operation + "\"";
   if (!from.dropped.empty() || !to.dropped.empty())
     return text + ". The parameters dropped from " + (from.dropped.empty() ? to.shown : from.shown) +
@@ -443,13 +459,17 @@ std::string difference_warning(const system& from, const system& to, const diffe
   const std::string proj_shift = d.towgs84.empty() ? "+towgs84=..." : d.towgs84 + " (PROJ's shift there)";
   if (const system* side = side_with(from, to, shift::missing)) {
     return text + ". The library takes each system as a PROJ string, and " + side->shown +
-           " has no datum shift it can apply (a +datum whose grid files are not installed, or no +towgs84), so "
-           "none is applied; give it as a PROJ string with +ellps and " + proj_shift + ", or with +nadgrids";
+           " has no datum shift it can apply (a +datum whose grid files are not installed, or no +towgs84), "
+           "so "
+           "none is applied; give it as a PROJ string with +ellps and " +
+           proj_shift + ", or with +nadgrids";
   }
   const bool ft = !value_of(from.proj, "towgs84").empty(), tt = !value_of(to.proj, "towgs84").empty();
   const system* side = ft != tt ? (ft ? &from : &to) : side_with(from, to, shift::given);
-  text += ". PROJ chooses another datum shift there than the one the PROJ strings carry; to follow PROJ, give ";
-  text += (side ? side->shown : std::string("the system")) + " as a PROJ string with +ellps and " + proj_shift;
+  text +=
+      ". PROJ chooses another datum shift there than the one the PROJ strings carry; to follow PROJ, give ";
+  text +=
+      (side ? side->shown : std::string("the system")) + " as a PROJ string with +ellps and " + proj_shift;
   return text;
 }
 

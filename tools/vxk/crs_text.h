@@ -11,14 +11,17 @@ namespace vxk::crs {
 
 // One coordinate system of a run.
 struct system {
-  std::string shown;      // how messages name it: "--from", "'roads.prj'"
-  std::string proj;       // the PROJ string the library is given
-  std::string for_proj;   // what PROJ's own transformation is built from (as the user gave it)
-  bool converted = false; // proj was made by PROJ from another form
+  std::string shown;                 // how messages name it: "--from", "'roads.prj'"
+  std::string proj;                  // the PROJ string the library is given
+  std::string for_proj;              // what PROJ's own transformation is built from (as the user gave it)
+  bool converted = false;            // proj was made by PROJ from another form
   std::vector<std::string> dropped;  // its parameters that the library drops ("+pm=paris")
-  std::string datum;      // the datum's name, for a system made by PROJ
+  std::string datum;                 // the datum's name, for a system made by PROJ
   std::vector<std::string> warnings;
 };
+
+// Prints the system's warnings on standard error, each as "COMMAND: warning: SHOWN: text".
+void print_warnings(const system& s, const char* command);
 
 // Reads what --from or --to gives into `out`; an error text, empty when it can be used. A text that is
 // none of the known forms is taken as a PROJ string as it is, and the library judges it.
@@ -41,16 +44,16 @@ std::vector<std::string> dropped_parameters(const std::string& proj);
 // Where the library's transformation between two systems and PROJ's own (what cs2cs and ogr2ogr do
 // with the same systems) part the most, over a box of source coordinates.
 struct difference {
-  double metres = 0;         // the largest distance found, in metres
-  double x = 0, y = 0;       // the source point where it was found
-  std::string operation;     // the name of PROJ's operation there
-  std::string towgs84;       // its datum shift as "+towgs84=...", when it is one Helmert step
+  double metres = 0;      // the largest distance found, in metres
+  double x = 0, y = 0;    // the source point where it was found
+  std::string operation;  // the name of PROJ's operation there
+  std::string towgs84;    // its datum shift as "+towgs84=...", when it is one Helmert step
 };
 
 // Compares at nine points of the box (corners, middles of the sides, centre); false when the two cannot
 // be compared (PROJ finds no transformation, or no point transforms on both sides).
-bool compare_with_proj(const system& from, const system& to, double xmin, double ymin, double xmax, double ymax,
-                       difference& out);
+bool compare_with_proj(const system& from, const system& to, double xmin, double ymin, double xmax,
+                       double ymax, difference& out);
 
 // The warning for a difference worth telling (over a centimetre), empty otherwise.
 std::string difference_warning(const system& from, const system& to, const difference& d);

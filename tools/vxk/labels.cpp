@@ -209,7 +209,7 @@ bool take_system(const std::string& text, const char* option, vxk::crs::system& 
     std::fprintf(stderr, "vxk labels: %s; nothing was written\n", err.c_str());
     return false;
   }
-  for (const std::string& w : out.warnings) std::fprintf(stderr, "vxk labels: warning: %s: %s\n", option, w.c_str());
+  vxk::crs::print_warnings(out, "vxk labels");
   return true;
 }
 
@@ -243,7 +243,8 @@ int reproject(const reproject_args& a) {
     std::fprintf(stderr, "vxk labels: %s; nothing was written\n", error.c_str());
     return 1;
   }
-  std::printf("%s written to %s\n", vxk::spelled(vx_text_list_get_size(list.get()), "label", "labels").c_str(),
+  std::printf("%s written to %s\n",
+              vxk::spelled(vx_text_list_get_size(list.get()), "label", "labels").c_str(),
               vxk::echo(dst).c_str());
   return 0;
 }

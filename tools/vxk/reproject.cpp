@@ -10,11 +10,11 @@
 #include <vector>
 
 #include "command.h"
+#include "numbers.h"
 #include "report.h"
 #include "reproject.h"
 #include "safe_output.h"
 #include "shape_facts.h"
-#include "numbers.h"
 #include "utf8.h"
 #include "vxk_proj4_shp.h"
 
@@ -282,7 +282,7 @@ struct progress_bar {
 
 bool wants_progress_bar(const options& opt) {
   const uint32_t large = 5000;
-  return opt.progress || (isatty(STDERR_FILENO) && vxk::reproject::record_count(opt.src) > large);
+  return opt.progress || (isatty(STDERR_FILENO) && vxk::shape_facts::record_count(opt.src) > large);
 }
 
 // Writes the whole text to a new file and checks every step, closing included.
@@ -312,8 +312,8 @@ std::string write_prj(const options& opt, const std::string& staged_shp) {
   if (!exported) {
     const std::string why = "\"" + vxk::echo(proj) + "\" cannot be expressed in ESRI WKT";
     if (opt.prj_asked) return "cannot write the .prj: " + why;
-    std::fprintf(stderr, "vxk reproject: warning: no .prj written beside '%s': %s\n", vxk::echo(opt.dst).c_str(),
-                 why.c_str());
+    std::fprintf(stderr, "vxk reproject: warning: no .prj written beside '%s': %s\n",
+                 vxk::echo(opt.dst).c_str(), why.c_str());
     return {};
   }
   return write_text_file(fs::path(staged_shp).replace_extension(".prj").string(), wkt,
@@ -348,16 +348,11 @@ std::string reproject_into(const options& opt, vxk::output_set& out, const vxk::
 }
 
 std::string summary(const options& opt, const vx_proj4_shp_counts& counts, bool table_damaged) {
-  std::string text = vxk::echo(opt.dst) + ": " + vxk::reproject::counts_text(counts.records, counts.failed,
-                                                                             counts.unreadable, "the source");
+  std::string text =
+      vxk::echo(opt.dst) + ": " +
+      vxk::reproject::counts_text(counts.records, counts.failed, counts.unreadable, "the source");
   if (table_damaged) text += "; the source table is damaged and was copied as it is";
   return text;
-}
-
-// Says what was lost in taking a system.
-void tell_losses(const vxk::crs::system& s) {
-  for (const std::string& w : s.warnings)
-    std::fprintf(stderr, "vxk reproject: warning: %s: %s\n", s.shown.c_str(), w.c_str());
 }
 
 // A text from PROJ or a file, with control characters made visible and a bound on its length.
@@ -371,10 +366,10 @@ std::string printable(const std::string& text) {
 // The systems given on the command line; 0, or the exit status of a refusal.
 int resolve_given(options& opt) {
   if (std::string err = vxk::crs::resolve(opt.to, "--to", opt.to_sys); !err.empty()) return fail(err);
-  tell_losses(opt.to_sys);
+  vxk::crs::print_warnings(opt.to_sys, "vxk reproject");
   if (opt.from.empty()) return 0;
   if (std::string err = vxk::crs::resolve(opt.from, "--from", opt.from_sys); !err.empty()) return fail(err);
-  tell_losses(opt.from_sys);
+  vxk::crs::print_warnings(opt.from_sys, "vxk reproject");
   vxk::crs::share_shift(opt.from_sys, opt.to_sys);
   opt.from_ready = true;
   return 0;
@@ -407,7 +402,7 @@ int source_system(options& opt) {
   if (opt.from_ready) return 0;
   if (std::string err = vxk::crs::from_source(opt.src, opt.from_sys); !err.empty()) return refuse(err);
   vxk::crs::share_shift(opt.from_sys, opt.to_sys);
-  tell_losses(opt.from_sys);
+  vxk::crs::print_warnings(opt.from_sys, "vxk reproject");
   opt.from_ready = true;
   return 0;
 }
@@ -428,7 +423,8 @@ std::string counts_text(std::uint64_t records, std::uint64_t failed, std::uint64
                         const char* damaged) {
   std::string text = spelled(records, "record", "records") + " written";
   if (failed == 1) text += ", 1 became a null record (it could not be transformed)";
-  if (failed > 1) text += ", " + std::to_string(failed) + " became null records (they could not be transformed)";
+  if (failed > 1)
+    text += ", " + std::to_string(failed) + " became null records (they could not be transformed)";
   if (unreadable) {
     text += ", " + std::to_string(unreadable) + " could not be read: " + damaged + " is damaged";
   }
@@ -446,18 +442,23 @@ void tell_taken(const options& opt) {
   if (!opt.verbose || opt.taken_told) return;
   for (const crs::system* s : {&opt.from_sys, &opt.to_sys}) {
     if (s->converted || s->shown[0] == '\'')
-      std::fprintf(stderr, "vxk reproject: %s is taken as \"%s\"\n", s->shown.c_str(), printable(s->proj).c_str());
+      std::fprintf(stderr, "vxk reproject: %s is taken as \"%s\"\n", s->shown.c_str(),
+                   printable(s->proj).c_str());
   }
 }
 
 void tell_measures(std::size_t sources) {
   if (sources == 0) return;
-  const std::string whose = sources == 1 ? "the source's records" : spelled(sources, "source", "sources") + "' records";
-  std::fprintf(stderr, "vxk reproject: note: the measures (M) of %s are not kept: the result has x and y, and z "
-               "where the source has it\n", whose.c_str());
+  const std::string whose =
+      sources == 1 ? "the source's records" : spelled(sources, "source", "sources") + "' records";
+  std::fprintf(stderr,
+               "vxk reproject: note: the measures (M) of %s are not kept: the result has x and y, and z "
+               "where the source has it\n",
+               whose.c_str());
 }
 
-int run_file(const options& given, const progress& progress, vx_proj4_shp_counts& counts, bool& table_damaged) {
+int run_file(const options& given, const progress& progress, vx_proj4_shp_counts& counts,
+             bool& table_damaged) {
   options opt = given;
   if (std::string err = check_source(opt.src); !err.empty()) return fail(err);
   if (std::string err = check_not_source(opt.src, opt.dst); !err.empty()) return refuse(err);

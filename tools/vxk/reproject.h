@@ -50,7 +50,8 @@ int run_folder(const options& opt);
 
 // "3 records written, 1 became a null record (it could not be transformed)": the counts of a run, spelled
 // for people; `damaged` names what is damaged when records could not be read ("the source").
-std::string counts_text(std::uint64_t records, std::uint64_t failed, std::uint64_t unreadable, const char* damaged);
+std::string counts_text(std::uint64_t records, std::uint64_t failed, std::uint64_t unreadable,
+                        const char* damaged);
 
 // Warns when the library's result will lie more than a centimetre from PROJ's own transformation over
 // the box of source coordinates.
@@ -61,10 +62,6 @@ void tell_taken(const options& opt);
 
 // Notes once that the measures of so many sources are not kept (nothing for 0).
 void tell_measures(std::size_t sources);
-
-// The number of records of a shape file, from the length of its index (100 bytes of header, then 8 per
-// record). 0 when the index cannot be read.
-std::uint32_t record_count(const std::string& shp);
 
 // A progress bar on standard error, redrawn only when the shown percentage or the note changes.
 struct bar {

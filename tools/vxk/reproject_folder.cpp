@@ -20,9 +20,9 @@
 #include <system_error>
 #include <vector>
 
+#include "numbers.h"
 #include "report.h"
 #include "reproject.h"
-#include "numbers.h"
 #include "safe_output.h"
 #include "shape_facts.h"
 
@@ -92,7 +92,7 @@ std::string collect(const options& opt, std::vector<task>& tasks) {
       return "the destination '" + echo(dst) + "' is the source '" + echo(f) +
              "' (the same file); give another destination folder";
     }
-    tasks.push_back({f, dst, record_count(f)});
+    tasks.push_back({f, dst, shape_facts::record_count(f)});
   }
   return {};
 }
@@ -280,8 +280,8 @@ std::string summary(const options& opt, const std::vector<task>& tasks) {
     tables += t.table_damaged ? 1 : 0;
   }
   std::string text = echo(opt.dst) + ": " + spelled(tasks.size(), "file", "files") + ", " +
-                     std::to_string(done) + " reprojected, " + std::to_string(tasks.size() - done) + " failed; " +
-                     counts_text(records, nulls, unreadable, "a source");
+                     std::to_string(done) + " reprojected, " + std::to_string(tasks.size() - done) +
+                     " failed; " + counts_text(records, nulls, unreadable, "a source");
   if (tables == 1) text += "; 1 damaged source table was copied as it is";
   if (tables > 1) text += "; " + std::to_string(tables) + " damaged source tables were copied as they are";
   return text;
@@ -297,12 +297,6 @@ int exit_status(const std::vector<task>& tasks) {
 }
 
 }  // namespace
-
-std::uint32_t record_count(const std::string& shp) {
-  std::error_code ec;
-  const auto size = fs::file_size(fs::path(shp).replace_extension(".shx"), ec);
-  return ec || size < 100 ? 0 : static_cast<std::uint32_t>((size - 100) / 8);
-}
 
 void bar::draw(std::uint64_t done, std::uint64_t total, const std::string& note_after) {
   const int percent = total ? static_cast<int>(100.0 * static_cast<double>(done) / total) : 100;
@@ -332,8 +326,9 @@ void tell_once(options& opt, const std::vector<task>& tasks) {
     measured += shape_facts::carries_measures(t.src) ? 1 : 0;
     shape_facts::box b;
     if (!shape_facts::header_box(t.src, b)) continue;
-    if (any) b = {std::min(b.xmin, all.xmin), std::min(b.ymin, all.ymin), std::max(b.xmax, all.xmax),
-                  std::max(b.ymax, all.ymax)};
+    if (any)
+      b = {std::min(b.xmin, all.xmin), std::min(b.ymin, all.ymin), std::max(b.xmax, all.xmax),
+           std::max(b.ymax, all.ymax)};
     all = b, any = true;
   }
   tell_measures(measured);

@@ -9,7 +9,6 @@
 #include <fstream>
 #include <system_error>
 
-#include "numbers.h"
 #include "utf8.h"
 #include "vxk_proj4_shp.h"
 
@@ -22,6 +21,10 @@ namespace fs = std::filesystem;
 constexpr std::uint64_t kHeader = 100;
 // How many records are looked at to tell whether z records carry measures.
 constexpr std::uint32_t kMeasureProbe = 1000;
+
+std::uint32_t records_in_index(std::uint64_t size) {
+  return size < kHeader ? 0 : static_cast<std::uint32_t>((size - kHeader) / 8);
+}
 
 // A shape file's main file and index, read at checked offsets.
 class raw_file {
@@ -36,7 +39,7 @@ class raw_file {
   }
 
   bool ok() const { return shp_ && shx_ && shp_size_ >= kHeader && shx_size_ >= kHeader; }
-  std::uint32_t count() const { return ok() ? static_cast<std::uint32_t>((shx_size_ - kHeader) / 8) : 0; }
+  std::uint32_t count() const { return ok() ? records_in_index(shx_size_) : 0; }
 
   // Bytes of the main file; false when they lie beyond its end.
   bool read(std::uint64_t at, void* to, std::size_t n) { return read_from(shp_, shp_size_, at, to, n); }
@@ -74,9 +77,15 @@ class raw_file {
   std::uint64_t shp_size_ = 0, shx_size_ = 0;
 };
 
-bool is_measured_type(int t) { return t == 21 || t == 23 || t == 25 || t == 28; }
-bool is_z_type(int t) { return t == 11 || t == 13 || t == 15 || t == 18 || t == 31; }
-bool is_plain_type(int t) { return t == 1 || t == 3 || t == 5 || t == 8; }
+bool is_measured_type(int t) {
+  return t == 21 || t == 23 || t == 25 || t == 28;
+}
+bool is_z_type(int t) {
+  return t == 11 || t == 13 || t == 15 || t == 18 || t == 31;
+}
+bool is_plain_type(int t) {
+  return t == 1 || t == 3 || t == 5 || t == 8;
+}
 
 // The length of a z record's content without measures, from its counts of parts and points; 0 when the
 // counts cannot be read.
@@ -110,13 +119,20 @@ std::string transform_reason(Tvx_shp_reader* r, std::uint32_t parts, Tvx_rpj_fb_
       if (vx_rpj_fb_d2_apply_pv(rpj, one, 1)) continue;
       std::string where = parts > 1 ? "vertex " + std::to_string(i + 1) + " of part " + std::to_string(p + 1)
                                     : "vertex " + std::to_string(i + 1);
-      return where + " " + vertex_text(v) + " cannot be transformed (it lies outside the domain of a projection)";
+      return where + " " + vertex_text(v) +
+             " cannot be transformed (it lies outside the domain of a projection)";
     }
   }
   return "it could not be transformed";
 }
 
 }  // namespace
+
+std::uint32_t record_count(const std::string& shp) {
+  std::error_code ec;
+  const auto size = fs::file_size(fs::path(shp).replace_extension(".shx"), ec);
+  return ec ? 0 : records_in_index(size);
+}
 
 bool header_box(const std::string& shp, box& out) {
   raw_file f(shp);
@@ -162,7 +178,8 @@ std::vector<std::string> null_record_reasons(const std::string& src, const std::
     const std::uint32_t parts = known ? vx_shp_reader_read(r, i) : 0;
     std::string why = parts ? transform_reason(r, parts, rpj, part, one)
                             : "it could not be read: the source is damaged there";
-    if (source_type > 0 && !known) why = "its shape type " + std::to_string(source_type) + " is not one of a shape file";
+    if (source_type > 0 && !known)
+      why = "its shape type " + std::to_string(source_type) + " is not one of a shape file";
     lines.push_back("record " + std::to_string(i + 1) + " (FID " + std::to_string(i) + "): " + why);
   }
   vx_pv_d2_destroy(one);

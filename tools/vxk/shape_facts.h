@@ -13,6 +13,10 @@ struct box {
   double xmin = 0, ymin = 0, xmax = 0, ymax = 0;
 };
 
+// The number of records of a shape file, from the length of its index (100 bytes of header, then 8 per
+// record). 0 when the index cannot be read.
+std::uint32_t record_count(const std::string& shp);
+
 // The box of the file's header; false when the header cannot be read or the box is not finite.
 bool header_box(const std::string& shp, box& out);
 
