@@ -161,6 +161,8 @@ VX_API uint32_t vx_shp_reader_read(Tvx_shp_reader* reader, uint32_t record) {
   if (record >= reader->shp.get_no()) return 0;
   try {
     read_parts(reader->shp, reader->shp.get_obj_type(record), reader->record);
+    // A record that could not be read whole gives nothing, not the part of it that was read.
+    if (reader->shp.is_record_damaged()) reader->record.clear();
   } catch (const std::exception&) {
     reader->record.clear();
   }

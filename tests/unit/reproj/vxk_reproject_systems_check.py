@@ -11,6 +11,7 @@ import os
 import pty
 import re
 import shutil
+import struct
 import subprocess
 import sys
 import unittest
@@ -363,6 +364,25 @@ class RecordsAndCounts(Base):
         self.assertIn("the measures (M) of 2 sources' records are not kept", run.stderr)
         plain = vxk(self.path("in/z.shp"), self.path("z.shp"), "--from", PULKOVO, "--to", GK7)
         self.assertEqual(plain.stderr, "")
+
+    def test_lying_counts_and_offsets_do_not_crash_the_checks(self):
+        # Measures are told from the lengths of z records, and --verbose reads every record's type: a
+        # record that claims 2^31 parts and points, and an index entry far past the end, are read as
+        # what they are, in bounds.
+        src = self.path("z.shp")
+        write_shape(src, None, geom=ogr.wkbLineString25D,
+                    wkt=["LINESTRING Z (37 55 1, 38 56 2)", "LINESTRING Z (37 55 1, 38 56 2)"])
+        with open(src, "r+b") as f:
+            f.seek(100 + 8 + 36)
+            f.write(struct.pack("<ii", 0x7FFFFFFF, 0x7FFFFFFF))
+        with open(src[:-4] + ".shx", "r+b") as f:
+            f.seek(100 + 8)
+            f.write(struct.pack(">ii", 0x7FFFFFF0, 0x7FFFFFF0))
+        run = vxk(src, self.path("dst.shp"), "--from", PULKOVO, "--to", GK7, "--verbose")
+        self.assertIn(run.returncode, (0, 3), run.stderr)
+        self.assertIn("record 1 (FID 0): it could not be read", run.stderr)
+        self.assertIn("record 2 (FID 1): it could not be read", run.stderr)
+        self.assertNotIn("measures", run.stderr)
 
     def test_counts_are_spelled_for_people(self):
         src = self.path("one.shp")

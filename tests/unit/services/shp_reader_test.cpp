@@ -234,3 +234,22 @@ TEST(ShpReader, ARecordClaimingTooMuchIsCutAndOneOutsideTheFileIsEmpty) {
 }
 
 }  // namespace
+
+namespace {
+
+// A record whose counts claim more than its bytes hold cannot be read whole: it gives no parts, as the
+// reprojection of the file makes it a null record, not the piece of it that could be read.
+TEST(ShpReader, ARecordThatCannotBeReadWholeGivesNothing) {
+  const fs::path path = write_lines("shp_reader_whole", {{{1, 2}, {3, 4}}, {{5, 6}, {7, 8}}}, {"a", "b"});
+  std::vector<char> main = bytes_of(path);
+  put_u32_le(main, 100 + 8 + 4 + 32 + 4, 1000000);  // the first record's vertices
+  write_bytes(path, main);
+
+  reader r(path);
+  ASSERT_NE(r.get(), nullptr);
+  EXPECT_EQ(vx_shp_reader_read(r.get(), 0), 0u);
+  EXPECT_EQ(vx_shp_reader_read(r.get(), 1), 1u);
+  EXPECT_EQ(r.part(0).size(), 2u);
+}
+
+}  // namespace
